@@ -1,0 +1,200 @@
+// The kinds of controls that the windows of the system are made of.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "panel/control.h"
+
+namespace zelvo::panel {
+
+class Label : public VisibleControl {
+ public:
+  Label(Window& window, std::string name, std::string caption)
+      : VisibleControl(window, std::move(name)), Caption(*this, std::move(caption)) {}
+  void Reset() override {
+    VisibleControl::Reset();
+    Caption.Reset();
+  }
+  Property<std::string> Caption;
+};
+
+class CommandButton : public VisibleControl {
+ public:
+  CommandButton(Window& window, std::string name, std::string caption)
+      : VisibleControl(window, std::move(name)), Caption(*this, std::move(caption)) {}
+  void Reset() override {
+    VisibleControl::Reset();
+    Caption.Reset();
+  }
+  Property<std::string> Caption;
+};
+
+/// A tick box. Writing another state to `Value`, by the operator's hand or by the program, is a click.
+class CheckBox : public VisibleControl {
+ public:
+  CheckBox(Window& window, std::string name, std::string caption)
+      : VisibleControl(window, std::move(name)),
+        Caption(*this, std::move(caption)),
+        Value(*this, false, &Control::Click) {}
+  void Reset() override {
+    VisibleControl::Reset();
+    Caption.Reset();
+    Value.Reset();
+  }
+  Property<std::string> Caption;
+  Property<bool> Value;
+};
+
+/// One of the radio buttons of its window; `Value` true runs its click event.
+class OptionButton : public CheckBox {
+ public:
+  using CheckBox::CheckBox;
+};
+
+class TextBox : public VisibleControl {
+ public:
+  TextBox(Window& window, std::string name, bool visible = true)
+      : VisibleControl(window, std::move(name), visible), Text(*this, "", &Control::Change) {}
+  void Reset() override {
+    VisibleControl::Reset();
+    Text.Reset();
+  }
+  /// Asks for the input focus; a view follows when it finds the number changed.
+  void SetFocus() {
+    ++FocusRequests;
+    Touch();
+  }
+  Property<std::string> Text;
+  unsigned FocusRequests = 0;
+};
+
+/// A list of lines, first line first.
+class ListBox : public VisibleControl {
+ public:
+  using VisibleControl::VisibleControl;
+  void Reset() override {
+    VisibleControl::Reset();
+    Clear();
+  }
+  void Clear() {
+    lines_.clear();
+    Touch();
+  }
+  void AddItem(std::string line) {
+    lines_.push_back(std::move(line));
+    Touch();
+  }
+  /// Inserts above the first line.
+  void InsertTop(std::string line) {
+    lines_.insert(lines_.begin(), std::move(line));
+    Touch();
+  }
+  [[nodiscard]] const std::vector<std::string>& Lines() const { return lines_; }
+
+ private:
+  std::vector<std::string> lines_;
+};
+
+/// A drop-down list. `Text` is what stands in its field, in the list or not; writing it is no click.
+class ComboBox : public VisibleControl {
+ public:
+  ComboBox(Window& window, std::string name) : VisibleControl(window, std::move(name)), Text(*this, "") {}
+  void Reset() override {
+    VisibleControl::Reset();
+    Text.Reset();
+    lines_.clear();
+  }
+  void AddItem(std::string line) {
+    lines_.push_back(std::move(line));
+    Touch();
+  }
+  [[nodiscard]] const std::vector<std::string>& Lines() const { return lines_; }
+  [[nodiscard]] bool Holds(const std::string& text) const {
+    for (const std::string& line : lines_) {
+      if (line == text) return true;
+    }
+    return false;
+  }
+  Property<std::string> Text;
+
+ private:
+  std::vector<std::string> lines_;
+};
+
+/// A scroll bar. A new `Value`, by the operator's hand or by the program, runs the change event.
+class ScrollBar : public VisibleControl {
+ public:
+  ScrollBar(Window& window, std::string name, int min, int max, int largeChange)
+      : VisibleControl(window, std::move(name)),
+        Min(min),
+        Max(max),
+        LargeChange(largeChange),
+        Value(*this, min, &Control::Change) {}
+  void Reset() override {
+    VisibleControl::Reset();
+    Value.Reset();
+  }
+  const int Min;
+  const int Max;
+  const int LargeChange;
+  Property<int> Value;
+};
+
+/// The bar of a progress window.
+class ProgressBar : public VisibleControl {
+ public:
+  ProgressBar(Window& window, std::string name)
+      : VisibleControl(window, std::move(name)), Min(*this, 0), Max(*this, 100), Value(*this, 0) {}
+  void Reset() override {
+    VisibleControl::Reset();
+    Min.Reset();
+    Max.Reset();
+    Value.Reset();
+  }
+  /// One step of an operation: sets the value and tells the witnesses.
+  void Step(int value);
+  Property<int> Min;
+  Property<int> Max;
+  Property<int> Value;
+};
+
+/// A round indicator.
+class Shape : public VisibleControl {
+ public:
+  Shape(Window& window, std::string name) : VisibleControl(window, std::move(name)), FillColor(*this, Grey) {}
+  void Reset() override {
+    VisibleControl::Reset();
+    FillColor.Reset();
+  }
+  Property<Colour> FillColor;
+};
+
+/// One page of a window. `MouseEvent` is any mouse event on its bare surface.
+class Frame : public VisibleControl {
+ public:
+  Frame(Window& window, std::string name)
+      : VisibleControl(window, std::move(name)), InFront(*this, false) {}
+  void Reset() override {
+    VisibleControl::Reset();
+    InFront.Reset();
+  }
+  Property<bool> InFront;
+  std::function<void()> MouseEvent;
+};
+
+/// Page tabs. `SelectedItem` counts from 1. A click on a tab, the selected one included, runs the click event.
+class TabStrip : public VisibleControl {
+ public:
+  TabStrip(Window& window, std::string name, std::vector<std::string> captions)
+      : VisibleControl(window, std::move(name)), Captions(std::move(captions)), SelectedItem(*this, 1) {}
+  void Reset() override {
+    VisibleControl::Reset();
+    SelectedItem.Reset();
+  }
+  const std::vector<std::string> Captions;
+  Property<int> SelectedItem;
+};
+
+}  // namespace zelvo::panel

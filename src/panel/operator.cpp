@@ -1,0 +1,123 @@
+#include "panel/operator.h"
+
+#include <algorithm>
+#include <exception>
+#include <iostream>
+#include <utility>
+
+#include "platform/seams.h"
+
+namespace zelvo::panel {
+namespace {
+
+template <class Hook, class... Arguments>
+void Run(const Hook& hook, Arguments&&... arguments) {
+  if (!hook) return;
+  try {
+    // A copy: the handler may put another hook in its own place.
+    const Hook running = hook;
+    running(std::forward<Arguments>(arguments)...);
+  } catch (const platform::ProgramEnded&) {
+    // The main window is closed: the handler ended where it stood.
+  } catch (const GridFault&) {
+    std::cerr << "zelvo: a handler reached beyond a grid\n";
+  } catch (const std::exception& fault) {
+    std::cerr << "zelvo: a handler failed: " << fault.what() << '\n';
+  }
+}
+
+HandResult Reach(const VisibleControl& control) {
+  if (!control.Owner().Loaded() || !control.Visible) return HandResult::Hidden;
+  return control.Enabled ? HandResult::Done : HandResult::Disabled;
+}
+
+/// Runs `act` unless the control is out of reach.
+template <class Act>
+HandResult IfReached(const VisibleControl& control, const Act& act) {
+  const HandResult reach = Reach(control);
+  if (reach == HandResult::Done) Run(std::function<void()>(act));
+  return reach;
+}
+
+}  // namespace
+
+HandResult HandClick(VisibleControl& control) {
+  if (auto* option = dynamic_cast<OptionButton*>(&control)) return HandTick(*option, true);
+  if (auto* box = dynamic_cast<CheckBox*>(&control)) return HandTick(*box, !box->Value);
+  return IfReached(control, [&] {
+    if (control.Click) control.Click();
+  });
+}
+
+HandResult HandDblClick(VisibleControl& control) {
+  return IfReached(control, [&] {
+    if (control.DblClick) control.DblClick();
+  });
+}
+
+HandResult HandTick(CheckBox& box, bool ticked) {
+  return IfReached(box, [&] {
+    if (dynamic_cast<OptionButton*>(&box) != nullptr && ticked) {
+      for (Control* other : box.Owner().Controls()) {
+        auto* option = dynamic_cast<OptionButton*>(other);
+        if (option != nullptr && option != &box) option->Value = false;
+      }
+    }
+    box.Value = ticked;
+  });
+}
+
+HandResult HandChoose(ComboBox& combo, const std::string& text) {
+  return IfReached(combo, [&] {
+    combo.Text = text;
+    if (combo.Holds(text) && combo.Click) combo.Click();
+  });
+}
+
+HandResult HandScroll(ScrollBar& bar, int value) {
+  return IfReached(bar, [&] { bar.Value = std::clamp(value, bar.Min, bar.Max); });
+}
+
+HandResult HandType(TextBox& box, const std::string& text) {
+  return IfReached(box, [&] { box.Text = text; });
+}
+
+HandResult HandKey(VisibleControl& control, Key key) {
+  return IfReached(control, [&] {
+    if (control.KeyDown) control.KeyDown(key);
+  });
+}
+
+HandResult HandLeave(VisibleControl& control) {
+  return IfReached(control, [&] {
+    if (control.LostFocus) control.LostFocus();
+  });
+}
+
+HandResult HandCellClick(Grid& grid, int row, int col) {
+  return IfReached(grid, [&] {
+    if (grid.CellClick) grid.CellClick(row, col);
+    if (grid.Click) grid.Click();
+  });
+}
+
+HandResult HandCellDblClick(Grid& grid, int row, int col) {
+  return IfReached(grid, [&] {
+    if (grid.CellDblClick) grid.CellDblClick(row, col);
+  });
+}
+
+HandResult HandTab(TabStrip& tabs, int index) {
+  return IfReached(tabs, [&] {
+    tabs.SelectedItem = index;
+    if (tabs.Click) tabs.Click();
+  });
+}
+
+void HandMouse(Frame& frame) { Run(frame.MouseEvent); }
+
+void HandClose(Window& window) {
+  Run(std::function<void()>([&] { window.Unload(); }));
+}
+
+}  // namespace zelvo::panel

@@ -1,0 +1,97 @@
+#include "platform/files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <new>
+#include <stdexcept>
+
+namespace zelvo::platform {
+namespace {
+
+/// A POSIX descriptor that closes itself.
+class Descriptor {
+ public:
+  explicit Descriptor(int fd) : fd_(fd) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() {
+    if (fd_ >= 0) ::close(fd_);
+  }
+  [[nodiscard]] int Get() const { return fd_; }
+  [[nodiscard]] bool Close() {
+    const int fd = fd_;
+    fd_ = -1;
+    return ::close(fd) == 0;
+  }
+
+ private:
+  int fd_;
+};
+
+bool WriteAll(int fd, const std::string& content) {
+  size_t done = 0;
+  while (done < content.size()) {
+    const ssize_t n = ::write(fd, content.data() + done, content.size() - done);
+    if (n <= 0) return false;
+    done += static_cast<size_t>(n);
+  }
+  return true;
+}
+
+std::string ResolveLink(const std::string& path) {
+  char* real = ::realpath(path.c_str(), nullptr);
+  if (real == nullptr) return path;
+  std::string target = real;
+  std::free(real);  // NOLINT: realpath allocates with malloc
+  return target;
+}
+
+}  // namespace
+
+std::optional<std::string> ReadWholeFile(const std::string& path) {
+  // O_NONBLOCK: a pipe named as a HEX file must not stop the program in open().
+  Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  struct stat info {};
+  if (file.Get() < 0 || ::fstat(file.Get(), &info) != 0 || !S_ISREG(info.st_mode)) return std::nullopt;
+  try {
+    std::string content(static_cast<size_t>(info.st_size), '\0');
+    size_t done = 0;
+    while (done < content.size()) {
+      const ssize_t n = ::read(file.Get(), content.data() + done, content.size() - done);
+      if (n < 0) return std::nullopt;
+      if (n == 0) break;
+      done += static_cast<size_t>(n);
+    }
+    content.resize(done);
+    return content;
+  } catch (const std::bad_alloc&) {
+    return std::nullopt;
+  } catch (const std::length_error&) {
+    return std::nullopt;
+  }
+}
+
+bool ReplaceFile(const std::string& path, const std::string& content) {
+  const std::string target = ResolveLink(path);
+  std::string temporary = target + ".XXXXXX";
+  Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
+  if (file.Get() < 0) return false;
+
+  // mkostemp gives 0600; a file that replaces another keeps that one's mode, a new one follows the umask.
+  struct stat old {};
+  const mode_t mask = ::umask(0);
+  ::umask(mask);
+  const mode_t mode = ::stat(target.c_str(), &old) == 0 ? (old.st_mode & 07777) : (0666 & ~mask);
+
+  const bool written = WriteAll(file.Get(), content) && ::fchmod(file.Get(), mode) == 0 &&
+                       ::fsync(file.Get()) == 0 && file.Close() &&
+                       std::rename(temporary.c_str(), target.c_str()) == 0;
+  if (!written) ::unlink(temporary.c_str());
+  return written;
+}
+
+}  // namespace zelvo::platform
