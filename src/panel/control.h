@@ -1,11 +1,12 @@
 // What every control of the operator's panel has. Controls are plain data: anyone above may read and write
-// them. A change stamps the control with the next number of `revision`, so that a view on a screen finds what it
-// has to draw again without being told, at the rate of its display.
+// them. A change stamps the control with the next number of `revision`, so that a view on a screen finds what
+// it has to draw again without being told, at the rate of its display.
 #pragma once
 
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -20,11 +21,11 @@ enum class Key { Enter, Escape };
 
 /// Colours are blue-green-red numbers, as 255 for red.
 using Colour = std::int32_t;
-inline constexpr Colour Grey = 14737632;        ///< indicator off
-inline constexpr Colour Red = 255;              ///< programming mode entered
-inline constexpr Colour Green = 65280;          ///< data-in line active
+inline constexpr Colour Grey = 14737632;  ///< indicator off
+inline constexpr Colour Red = 255;        ///< programming mode entered
+inline constexpr Colour Green = 65280;    ///< data-in line active
 inline constexpr Colour White = 16777215;
-inline constexpr Colour LightRed = 0xC0C0FF;    ///< a cell that differs
+inline constexpr Colour LightRed = 0xC0C0FF;  ///< a cell that differs
 inline constexpr Colour ButtonFace = 0xF0F0F0;
 
 class Control {
@@ -57,8 +58,8 @@ class Control {
   std::uint64_t changed_ = 0;
 };
 
-/// A value of a control. Reading costs nothing; writing another value stamps the control and runs `event`, the
-/// control's hook that belongs to a change of this value (none for captions and texts).
+/// A value of a control. Reading costs nothing; writing another value stamps the control and runs `event`,
+/// the control's hook that belongs to a change of this value (none for captions and texts).
 template <class T>
 class Property {
  public:
@@ -76,7 +77,11 @@ class Property {
     if (event_ != nullptr && owner_->*event_) (owner_->*event_)();
     return *this;
   }
-  Property& operator=(const Property& other) { return *this = other.value_; }
+  Property& operator=(const Property& other) {
+    return *this = other.value_;
+  }  // NOLINT: no self-state to guard
+  template <class U>
+  requires std::is_convertible_v<const U&, T> Property& operator=(const U& value) { return *this = T(value); }
 
   /// Back to the value of design time, without an event.
   void Reset() {

@@ -174,8 +174,7 @@ class Shape : public VisibleControl {
 /// One page of a window. `MouseEvent` is any mouse event on its bare surface.
 class Frame : public VisibleControl {
  public:
-  Frame(Window& window, std::string name)
-      : VisibleControl(window, std::move(name)), InFront(*this, false) {}
+  Frame(Window& window, std::string name) : VisibleControl(window, std::move(name)), InFront(*this, false) {}
   void Reset() override {
     VisibleControl::Reset();
     InFront.Reset();
@@ -184,7 +183,8 @@ class Frame : public VisibleControl {
   std::function<void()> MouseEvent;
 };
 
-/// Page tabs. `SelectedItem` counts from 1. A click on a tab, the selected one included, runs the click event.
+/// Page tabs. `SelectedItem` counts from 1. A click on a tab, the selected one included, runs the click
+/// event.
 class TabStrip : public VisibleControl {
  public:
   TabStrip(Window& window, std::string name, std::vector<std::string> captions)

@@ -57,8 +57,8 @@ struct Form1Window : Window {
 
   // The PIC18 page: speed.
   ScrollBar ÁSeb{*this, "ÁSeb", 1, 10000, 10};
-  ListBox List3{*this, "List3"};          ///< the speed value
-  TextBox Text1{*this, "Text1", false};   ///< its edit box, behind the list
+  ListBox List3{*this, "List3"};         ///< the speed value
+  TextBox Text1{*this, "Text1", false};  ///< its edit box, behind the list
   CheckBox Check9{*this, "Check9", "10x Speed"};
   CheckBox Check10{*this, "Check10", "Szuper lassú"};
 
@@ -104,8 +104,7 @@ struct Form1Window : Window {
 
   // The mid-range page: memory operations.
   CommandButton Command8{*this, "Command8", "Flash Beolvasása"};
-  CommandButton Command11{*this, "Command11",
-                          "       Flash,          Config és       User ID Loc    Írása"};
+  CommandButton Command11{*this, "Command11", "       Flash,          Config és       User ID Loc    Írása"};
   CommandButton Command17{*this, "Command17", "EEPROM Olvasás"};
   CommandButton Command18{*this, "Command18", "EEPROM Írása"};
   CommandButton Command13{*this, "Command13", "Config Beolvasása"};
@@ -131,8 +130,8 @@ struct Form1Window : Window {
 
   // The mid-range page: speed.
   ScrollBar HScroll1{*this, "HScroll1", 1, 10000, 10};
-  ListBox List11{*this, "List11"};        ///< the speed value
-  TextBox Text2{*this, "Text2", false};   ///< its edit box, behind the list
+  ListBox List11{*this, "List11"};       ///< the speed value
+  TextBox Text2{*this, "Text2", false};  ///< its edit box, behind the list
   CheckBox Check7{*this, "Check7", "10x Speed"};
   CheckBox Check11{*this, "Check11", "Szuper lassú"};
 
@@ -147,8 +146,8 @@ struct Form1Window : Window {
   Grid MSFlexGrid3{*this, "MSFlexGrid3", 9};  ///< EepromBuffer
   ListBox List6{*this, "List6"};              ///< configuration word 1
   Label Label43{*this, "Label43", "Config 2:"};
-  ListBox List12{*this, "List12"};            ///< configuration word 2
-  ListBox List7{*this, "List7"};              ///< user ID words 1 to 4
+  ListBox List12{*this, "List12"};  ///< configuration word 2
+  ListBox List7{*this, "List7"};    ///< user ID words 1 to 4
   ListBox List8{*this, "List8"};
   ListBox List9{*this, "List9"};
   ListBox List10{*this, "List10"};

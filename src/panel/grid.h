@@ -45,8 +45,8 @@ class Grid : public VisibleControl {
   [[nodiscard]] int ColAlignment(int col) const { return colAlignment_.at(static_cast<size_t>(col)); }
   [[nodiscard]] int HeadingHeight() const { return headingHeight_; }
 
-  /// First and last row written since `revisionSeen`-keeping views last looked; a view that repaints only what
-  /// can be seen may ignore them. `ForgetDirtyRows` starts anew.
+  /// First and last row written since `revisionSeen`-keeping views last looked; a view that repaints only
+  /// what can be seen may ignore them. `ForgetDirtyRows` starts anew.
   [[nodiscard]] int FirstDirtyRow() const { return firstDirty_; }
   [[nodiscard]] int LastDirtyRow() const { return lastDirty_; }
   void ForgetDirtyRows() {

@@ -114,7 +114,9 @@ HandResult HandTab(TabStrip& tabs, int index) {
   });
 }
 
-void HandMouse(Frame& frame) { Run(frame.MouseEvent); }
+void HandMouse(Frame& frame) {
+  Run(frame.MouseEvent);
+}
 
 void HandClose(Window& window) {
   Run(std::function<void()>([&] { window.Unload(); }));

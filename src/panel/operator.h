@@ -1,6 +1,6 @@
-// The operator's hand: what a person, a script or a view does to a control. Every way in goes through here, so
-// that a click has the same effect from a screen and from the bench. A `ProgramEnded` that unwinds a handler ends
-// here; the pump that the hand came through throws it anew for the operation around it.
+// The operator's hand: what a person, a script or a view does to a control. Every way in goes through here,
+// so that a click has the same effect from a screen and from the bench. A `ProgramEnded` that unwinds a
+// handler ends here; the pump that the hand came through throws it anew for the operation around it.
 #pragma once
 
 #include <string>

@@ -33,11 +33,18 @@ struct OverwriteWindow : Window {
   ListBox List1{*this, "List1"};
 };
 
+/// The port check window; its first box shows and moves Vdd.
+struct PortCheckWindow : Window {
+  PortCheckWindow() : Window("LPT_Port_Check", "Port Check") {}
+  CheckBox Check1{*this, "Check1", "Vdd"};
+};
+
 inline ProgressWindow Állapot{"Állapot", "Flash Olvasás állapota"};
 inline ProgressWindow FlashÍrÁllapot{"FlashÍrÁllapot", "Flash Írás Állapota"};
 inline FlashOlvWindow FlashOlv;
 inline PICAzonosWindow PICAzonos;
 inline OverwriteWindow FelülDialog{"FelülDialog", "ID  Location felülírása?"};
 inline OverwriteWindow ConfFelülír{"ConfFelülír", "Config Bájtok Felülírása?"};
+inline PortCheckWindow LPT_Port_Check;
 
 }  // namespace zelvo::panel

@@ -18,8 +18,8 @@ class Window {
   Window& operator=(const Window&) = delete;
   virtual ~Window() = default;
 
-  /// Puts every control to its design-time state, enters the window into `LoadedWindows`, tells the witnesses and
-  /// runs `OnLoad`. Does nothing when the window is loaded already.
+  /// Puts every control to its design-time state, enters the window into `LoadedWindows`, tells the witnesses
+  /// and runs `OnLoad`. Does nothing when the window is loaded already.
   void Load();
   /// Runs `OnUnload`, takes the window out of `LoadedWindows` and tells the witnesses. Does nothing when the
   /// window is not loaded.

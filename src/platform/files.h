@@ -6,12 +6,13 @@
 
 namespace zelvo::platform {
 
-/// The whole content, byte for byte; nothing when the file is missing, a directory, unreadable, or larger than
-/// the memory at hand.
+/// The whole content, byte for byte; nothing when the file is missing, a directory, unreadable, or larger
+/// than the memory at hand.
 [[nodiscard]] std::optional<std::string> ReadWholeFile(const std::string& path);
 
-/// Replaces the file by `content` through a temporary file beside it (written, synced, renamed). False when the
-/// folder or the disk refuses; the old file is then still whole. A link is followed, so that its target changes.
+/// Replaces the file by `content` through a temporary file beside it (written, synced, renamed). False when
+/// the folder or the disk refuses; the old file is then still whole. A link is followed, so that its target
+/// changes.
 [[nodiscard]] bool ReplaceFile(const std::string& path, const std::string& content);
 
 }  // namespace zelvo::platform

@@ -12,8 +12,8 @@ namespace zelvo::platform {
 class Ports {
  public:
   virtual ~Ports() = default;
-  virtual void Out32(int address, int value) = 0;          ///< address 0..FFFFh, value 0..FFh
-  [[nodiscard]] virtual int Inp32(int address) = 0;        ///< gives 0..FFh
+  virtual void Out32(int address, int value) = 0;    ///< address 0..FFFFh, value 0..FFh
+  [[nodiscard]] virtual int Inp32(int address) = 0;  ///< gives 0..FFh
 };
 
 /// Holds the serial device for the program while the lines are moved through the UART's registers.
@@ -31,7 +31,8 @@ class SerialClaim {
 /// where it stands: its handler unwinds, no line moves any more.
 struct ProgramEnded {};
 
-/// The event pump: serves the operator's pending events. One pass is the time unit of the link and lasts 1 us.
+/// The event pump: serves the operator's pending events. One pass is the time unit of the link and lasts 1
+/// us.
 class EventPump {
  public:
   virtual ~EventPump() = default;
@@ -45,8 +46,8 @@ class EventPump {
 
 enum class HoldTimer { P9, P11 };
 
-/// The two interval timers of the programming holds: P9 ticks after 1 ms, P11 after 6 ms. A tick sets the flag
-/// given to `Enable`; it is delivered by a pass of the event pump.
+/// The two interval timers of the programming holds: P9 ticks after 1 ms, P11 after 6 ms. A tick sets the
+/// flag given to `Enable`; it is delivered by a pass of the event pump.
 class Timers {
  public:
   virtual ~Timers() = default;
@@ -73,8 +74,8 @@ struct FileFilter {
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
-  virtual void Message(const std::string& text) = 0;                ///< a box with Ok only, without title
-  [[nodiscard]] virtual bool AskYesNo(const std::string& text) = 0; ///< true for Yes
+  virtual void Message(const std::string& text) = 0;                 ///< a box with Ok only, without title
+  [[nodiscard]] virtual bool AskYesNo(const std::string& text) = 0;  ///< true for Yes
   /// The chosen path; nothing when the dialog was cancelled.
   [[nodiscard]] virtual std::optional<std::string> OpenFile(const FileFilter& filter) = 0;
   [[nodiscard]] virtual std::optional<std::string> SaveFile(const FileFilter& filter) = 0;

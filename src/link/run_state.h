@@ -1,0 +1,11 @@
+// Flags of a run that operations, progress windows and the main window share.
+#pragma once
+
+namespace zelvo::link {
+
+inline bool WholeChipRun = false;   ///< the single operations of a whole-chip write skip their own questions
+inline bool UserAbort = false;      ///< set by Cancel, cleared when a progress window opens and after the run
+inline int VddOnFlag = 0;           ///< 1 while the operator has switched the supply on by hand
+inline bool PortCheckOpen = false;  ///< the port check window is open
+
+}  // namespace zelvo::link

@@ -1,0 +1,102 @@
+#include "link/target_power.h"
+
+#include "link/delays.h"
+#include "link/lines.h"
+#include "link/run_state.h"
+#include "panel/form1.h"
+#include "panel/secondary_windows.h"
+
+namespace zelvo::link {
+
+using panel::Form1;
+
+namespace {
+
+constexpr const char* CaptionOn = "Vdd(+5V) On";
+constexpr const char* CaptionOff = "Vdd(+5V) Off";
+
+void PaintVpp(panel::Colour colour) {
+  Form1.Shape1.FillColor = colour;
+  Form1.Shape2.FillColor = colour;
+}
+
+/// One line of the serial port on its own: read, change, write.
+void ChangeComLine(int offset, void (*shape)(bool), bool level) {
+  Address(offset);
+  PortRead();
+  shape(level);
+  PortWrite();
+}
+
+/// All four lines of the printer port change in one port cycle.
+void LptLinesOff() {
+  Address(LptData);
+  PortRead();
+  for (void (*shape)(bool) : {ShapeVdd, ShapeVpp, ShapePgd, ShapePgc}) {
+    shape(false);
+    PortLast = PortShadow;
+  }
+  PortWrite();
+}
+
+void EnterLpt() {
+  // The exclusive-or flips the idle level and so needs no look at the polarity.
+  Address(LptData);
+  PortRead();
+  for (const int mask : {VddSetMask, VppSetMask}) {
+    PortShadow = PortLast ^ mask;
+    PortWrite();
+    SettleDelay();
+  }
+}
+
+void EnterCom() {
+  // A pulse of DTR charges the board, which then lives from it while all lines are idle.
+  ChangeComLine(UartModemControl, ShapeVdd, true);
+  SettleDelay();
+  TargetPowerOff();
+  ChangeComLine(UartLineControl, ShapeVpp, true);
+  SettleDelay();
+}
+
+}  // namespace
+
+void MarkVddOff() {
+  Form1.ProgFut.Caption = CaptionOn;
+  VddOnFlag = 0;
+}
+
+void TargetPowerOff() {
+  PaintVpp(panel::Grey);
+  if (LptMode) LptLinesOff();
+  if (ComMode) {
+    ChangeComLine(UartModemControl, ShapePgd, false);
+    ChangeComLine(UartModemControl, ShapePgc, false);
+    ChangeComLine(UartLineControl, ShapeVpp, false);
+  }
+}
+
+void TargetPowerOn() {
+  TargetPowerOff();
+  SettleDelay();
+  if (LptMode) EnterLpt();
+  if (ComMode) EnterCom();
+  if (LptMode || ComMode) MarkVddOff();
+  PaintVpp(panel::Red);
+}
+
+void ToggleVdd() {
+  const bool on = VddOnFlag == 0;
+  VddOnFlag = on ? 1 : 0;
+  if (AddressOutput()) {
+    PortRead();
+    ShapeVdd(on);
+    PortWrite();
+  }
+  const char* const caption = on ? CaptionOff : CaptionOn;
+  Form1.ProgFut.Caption = caption;
+  Form1.Command10.Caption = caption;
+  if (PortCheckOpen) panel::LPT_Port_Check.Check1.Value = on;
+}
+
+}  // namespace zelvo::link
