@@ -1,0 +1,16 @@
+// What each window does, attached to the controls' hooks. One procedure for each unit of this folder.
+#pragma once
+
+namespace zelvo::ui {
+
+/// All of the below, once before the first window is loaded.
+void AttachBehaviour();
+
+void AttachMainWindow();
+void AttachSpeedControls();
+void AttachProgressWindows();
+void AttachFlashReview();
+void AttachIdentification();
+void AttachOverwriteWindows();
+
+}  // namespace zelvo::ui
