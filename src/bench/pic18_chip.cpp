@@ -1,0 +1,372 @@
+#include "bench/pic18_chip.h"
+
+#include <algorithm>
+
+namespace zelvo::bench {
+namespace {
+
+// A frame: four bits of command, sixteen of payload.
+constexpr int kCommandBits = 4;
+constexpr int kFirstOutputBit = 12;
+constexpr int kFrameBits = 20;
+
+// The commands.
+constexpr std::uint8_t kCoreInstruction = 0x0;
+constexpr std::uint8_t kShiftOutLatch = 0x2;
+constexpr std::uint8_t kFirstTableRead = 0x8;
+constexpr std::uint8_t kReadPostIncrement = 0x9;
+constexpr std::uint8_t kReadPostDecrement = 0xA;
+constexpr std::uint8_t kReadPreIncrement = 0xB;
+constexpr std::uint8_t kFirstTableWrite = 0xC;
+constexpr std::uint8_t kWritePostIncrement = 0xD;
+constexpr std::uint8_t kWriteFamilyOwn = 0xE;
+constexpr std::uint8_t kWriteStart = 0xF;
+
+constexpr std::uint8_t kMultiPanel = 0x40;
+constexpr std::uint32_t kOneKeyLatches = 8;
+constexpr std::uint8_t kBlank = 0xFF;
+
+}  // namespace
+
+Pic18Chip::Pic18Chip(const Pic18Row& row, std::uint16_t deviceId)
+    : name_(row.name),
+      row_(&row),
+      facts_(&FactsOf(row.family)),
+      memory_(row, deviceId),
+      core_(facts_->oneKey),
+      // The ID locations of a one-key chip have a buffer of their own behind those of the panels.
+      latches_(facts_->oneKey ? (PanelCount() + 1) * kOneKeyLatches : row.latches, kBlank) {}
+
+void Pic18Chip::Drive(const LineLevels& lines, Nanoseconds now) {
+  const LineLevels before = lines_;
+  lines_ = lines;
+  if (!programming_) {
+    const bool rises = lines.vpp && !before.vpp;
+    if (rises && lines.vdd && before.vdd && !lines.pgc && !lines.pgd) Enter(now);
+    return;
+  }
+  if (!lines.vdd || !lines.vpp) {
+    Leave(now);
+    return;
+  }
+  if (lines.pgc == before.pgc) return;
+  if (lines.pgc) {
+    ClockRises(now);
+  } else {
+    // Data that changes in the same moment as the falling edge comes too late for it.
+    ClockFalls(before.pgd, now);
+  }
+}
+
+std::optional<bool> Pic18Chip::DataOut(Nanoseconds) {
+  return driving_ ? std::optional<bool>(level_) : std::nullopt;
+}
+
+bool Pic18Chip::Burn(std::uint32_t address, std::uint8_t value) {
+  return memory_.Burn(address, value);
+}
+
+std::map<std::uint32_t, std::uint8_t> Pic18Chip::Image() const {
+  if (running_.job == Job::None) return memory_.Image();
+  Pic18Memory finished = memory_;
+  Perform(running_, finished);
+  return finished.Image();
+}
+
+void Pic18Chip::Enter(Nanoseconds now) {
+  core_.Reset();
+  std::fill(latches_.begin(), latches_.end(), kBlank);
+  bit_ = 0;
+  shift_ = 0;
+  outputs_ = driving_ = holding_ = discharging_ = clocked_ = false;
+  held_ = erase_ = running_ = Work{};
+  busySince_ = busyUntil_ = 0;
+  busyTold_ = false;
+  eraseKeyHigh_ = 0;
+  multiPanel_ = false;
+  entered_ = lastEdge_ = now;
+  programming_ = true;
+}
+
+void Pic18Chip::Leave(Nanoseconds now) {
+  if (holding_) EndHold(now);
+  Settle(now);
+  if (running_.job != Job::None) {
+    waits_.Check(busyKind_, now - busySince_, busyUntil_ - busySince_);
+    // A byte of EEPROM is erased before it is written, so a write that is cut off leaves it erased. Of an
+    // erase that is cut off nothing can be relied on: the cells keep what they had.
+    if (running_.job == Job::Eeprom) memory_.WriteEeprom(running_.address, kBlank);
+    running_ = Work{};
+  }
+  programming_ = driving_ = false;
+}
+
+void Pic18Chip::ClockRises(Nanoseconds now) {
+  const auto& times = facts_->times;
+  if (!clocked_) {
+    waits_.Check(WaitKind::Entry, now - entered_, times.entry);
+    clocked_ = true;
+  }
+  waits_.Check(WaitKind::ClockLow, now - lastEdge_, times.clockLow);
+  if (discharging_) {
+    waits_.Check(WaitKind::Discharge, now - lastEdge_, times.discharge);
+    discharging_ = false;
+  }
+  lastEdge_ = now;
+  driving_ = false;
+  if (bit_ == 0) frameStart_ = now;
+  if (bit_ == kCommandBits - 1 && held_.job != Job::None) BeginHold(now);
+  if (bit_ == kFirstOutputBit) FetchOutput(now);
+  if (outputs_) {
+    level_ = (output_ >> (bit_ - kFirstOutputBit) & 1) != 0;
+    driving_ = true;
+  }
+}
+
+void Pic18Chip::ClockFalls(bool data, Nanoseconds now) {
+  waits_.Check(WaitKind::ClockHigh, now - lastEdge_, facts_->times.clockHigh);
+  lastEdge_ = now;
+  if (holding_) EndHold(now);
+  shift_ |= static_cast<std::uint32_t>(data) << bit_;
+  ++bit_;
+  if (bit_ == kCommandBits && erase_.job != Job::None) {
+    BeginSelfTimed(erase_, WaitKind::Erase, facts_->times.erase, now);
+    erase_ = Work{};
+  }
+  if (bit_ == kFrameBits) {
+    ExecuteFrame(now);
+    bit_ = 0;
+    shift_ = 0;
+    outputs_ = false;
+  }
+}
+
+void Pic18Chip::BeginHold(Nanoseconds now) {
+  holding_ = true;
+  holdStart_ = now;
+}
+
+void Pic18Chip::EndHold(Nanoseconds now) {
+  const auto& times = facts_->times;
+  const Nanoseconds held = now - holdStart_;
+  switch (held_.job) {
+    case Job::Config:
+      waits_.Check(WaitKind::ProgramConfig, held, times.programConfig);
+      break;
+    case Job::Row:
+      waits_.Check(WaitKind::ProgramRow, held, times.program);
+      break;
+    default:
+      waits_.Check(WaitKind::Program, held, times.program);
+  }
+  Perform(held_, memory_);
+  Finish(held_);
+  held_ = Work{};
+  holding_ = false;
+  discharging_ = true;
+}
+
+void Pic18Chip::FetchOutput(Nanoseconds now) {
+  const auto command = static_cast<std::uint8_t>(shift_ & 0xF);
+  const bool reads = command >= kFirstTableRead && command < kFirstTableWrite;
+  if (!reads && command != kShiftOutLatch) return;
+  if (CeasedByErase(now)) return;
+  if (reads) {
+    (void)ArrayFree(now);
+    if (command == kReadPreIncrement) core_.MoveTablePointer(1);
+    core_.SetTableLatch(memory_.Read(core_.TablePointer()));
+    if (command == kReadPostIncrement) core_.MoveTablePointer(1);
+    if (command == kReadPostDecrement) core_.MoveTablePointer(-1);
+  }
+  output_ = core_.TableLatch();
+  outputs_ = true;
+}
+
+bool Pic18Chip::CeasedByErase(Nanoseconds now) {
+  // While a bulk erase runs the clock may go on with PGD low, but commands are not executed.
+  Settle(now);
+  const bool early = busyKind_ == WaitKind::Erase && frameStart_ < busyUntil_;
+  if (early && shift_ != 0 && !busyTold_ && frameStart_ >= busySince_) {
+    waits_.Check(WaitKind::Erase, frameStart_ - busySince_, busyUntil_ - busySince_);
+    busyTold_ = true;
+  }
+  return early && now < busyUntil_;
+}
+
+void Pic18Chip::ExecuteFrame(Nanoseconds now) {
+  if (CeasedByErase(now)) return;
+  const auto command = static_cast<std::uint8_t>(shift_ & 0xF);
+  const auto payload = static_cast<std::uint16_t>(shift_ >> kCommandBits);
+  if (command >= kFirstTableWrite) {
+    TableWrite(command, payload, now);
+  } else if (command == kCoreInstruction) {
+    switch (core_.Execute(payload)) {
+      case Pic18Core::Request::EepromRead:
+        ReadEeprom(now);
+        break;
+      case Pic18Core::Request::Write:
+        StartWrite(now);
+        break;
+      case Pic18Core::Request::None:
+        break;
+    }
+  }
+}
+
+void Pic18Chip::TableWrite(std::uint8_t command, std::uint16_t payload, Nanoseconds now) {
+  const std::uint32_t address = core_.TablePointer();
+  const auto low = static_cast<std::uint8_t>(payload);
+  const auto high = static_cast<std::uint8_t>(payload >> 8);
+  const std::uint8_t own = (address & 1U) != 0 ? high : low;
+  if (const auto index = LatchIndex(address & ~1U)) {
+    latches_[*index] = low;
+    latches_[*index + 1] = high;
+  }
+  WriteControl(address, own, now);
+  const bool ownStarts = command == kWriteFamilyOwn && facts_->command1110Programs;
+  if (command == kWriteStart || ownStarts) ArmProgramming(address, own, now);
+  if (command == kWritePostIncrement || ownStarts) core_.MoveTablePointer(2);
+  if (command == kWriteFamilyOwn && !ownStarts) core_.MoveTablePointer(-2);
+}
+
+void Pic18Chip::WriteControl(std::uint32_t address, std::uint8_t value, Nanoseconds now) {
+  if (address == kEraseKeyHigh) eraseKeyHigh_ = value;
+  if (address == kPanelControl && facts_->oneKey) multiPanel_ = (value & kMultiPanel) != 0;
+  if (address != kEraseKeyLow) return;
+  const auto scope = memory_.ScopeOf(eraseKeyHigh_, value);
+  if (scope.Any() && ArrayFree(now)) erase_ = {.job = Job::Bulk, .scope = scope};
+}
+
+void Pic18Chip::ArmProgramming(std::uint32_t address, std::uint8_t value, Nanoseconds now) {
+  const std::uint8_t control = core_.Eecon1();
+  if ((control & Pic18Core::kEepgd) == 0) return;
+  const bool toConfig = (control & Pic18Core::kCfgs) != 0;
+  if (toConfig != (address >= kConfigRegisters)) return;
+  if (!ArrayFree(now)) return;
+  Job job = Job::Program;
+  if (toConfig) {
+    job = Job::Config;
+  } else if (facts_->oneKey && (control & Pic18Core::kFree) != 0) {
+    job = Job::Row;
+  }
+  held_ = {.job = job, .address = address, .value = value};
+}
+
+void Pic18Chip::StartWrite(Nanoseconds now) {
+  if (!ArrayFree(now)) return;
+  const std::uint8_t control = core_.Eecon1();
+  const auto& times = facts_->times;
+  if ((control & Pic18Core::kCfgs) != 0) {
+    core_.ClearEecon1(Pic18Core::kWr);  // configuration is written by table writes only
+  } else if ((control & Pic18Core::kEepgd) == 0) {
+    if (!memory_.HasEeprom()) {
+      core_.ClearEecon1(Pic18Core::kWr);
+      return;
+    }
+    const Work work{.job = Job::Eeprom, .address = core_.EepromAddress(), .value = core_.EepromData()};
+    BeginSelfTimed(work, WaitKind::Eeprom, times.eeprom, now);
+  } else {
+    const Work work{.job = (control & Pic18Core::kFree) != 0 ? Job::Row : Job::Program,
+                    .address = core_.TablePointer()};
+    if (!facts_->oneKey) {
+      held_ = work;
+      return;
+    }
+    BeginSelfTimed(work, WaitKind::EraseRow, times.erase, now);
+  }
+}
+
+void Pic18Chip::ReadEeprom(Nanoseconds now) {
+  if ((core_.Eecon1() & (Pic18Core::kEepgd | Pic18Core::kCfgs)) != 0) return;
+  if (!ArrayFree(now)) return;
+  core_.SetEepromData(memory_.HasEeprom() ? memory_.ReadEeprom(core_.EepromAddress()) : 0);
+}
+
+void Pic18Chip::BeginSelfTimed(const Work& work, WaitKind kind, Nanoseconds lasts, Nanoseconds now) {
+  running_ = work;
+  busyKind_ = kind;
+  busySince_ = now;
+  busyUntil_ = now + lasts;
+  busyTold_ = false;
+}
+
+void Pic18Chip::Settle(Nanoseconds now) {
+  if (running_.job == Job::None || now < busyUntil_) return;
+  Perform(running_, memory_);
+  Finish(running_);
+  running_ = Work{};
+}
+
+bool Pic18Chip::ArrayFree(Nanoseconds now) {
+  Settle(now);
+  const bool early = frameStart_ >= busySince_ && frameStart_ < busyUntil_;
+  if (early && busyKind_ != WaitKind::Erase) {
+    waits_.Check(busyKind_, frameStart_ - busySince_, busyUntil_ - busySince_);
+  }
+  return running_.job == Job::None;
+}
+
+void Pic18Chip::Perform(const Work& work, Pic18Memory& memory) const {
+  switch (work.job) {
+    case Job::None:
+      break;
+    case Job::Program:
+      ProgramLatches(work.address, memory);
+      break;
+    case Job::Config:
+      memory.ProgramConfig(work.address, work.value);
+      break;
+    case Job::Bulk:
+      memory.BulkErase(work.scope);
+      break;
+    case Job::Eeprom:
+      memory.WriteEeprom(work.address, work.value);
+      break;
+    case Job::Row:
+      memory.EraseRow(work.address);
+      if (!multiPanel_ || work.address >= row_->codeSize) break;
+      for (std::uint32_t panel = 0; panel < PanelCount(); ++panel) {
+        memory.EraseRow(panel * kPanelSize + work.address % kPanelSize);
+      }
+  }
+}
+
+void Pic18Chip::Finish(const Work& work) {
+  core_.ClearEecon1(Pic18Core::kWr);
+  if (work.job == Job::Row) core_.ClearEecon1(Pic18Core::kFree);
+  if (work.job == Job::Program || work.job == Job::Row) std::fill(latches_.begin(), latches_.end(), kBlank);
+}
+
+std::uint32_t Pic18Chip::PanelCount() const {
+  return (row_->codeSize + kPanelSize - 1) / kPanelSize;
+}
+
+std::optional<std::size_t> Pic18Chip::LatchIndex(std::uint32_t address) const {
+  if (address >= kConfigRegisters) return std::nullopt;
+  if (!facts_->oneKey) return address % row_->latches;
+  const bool id = address >= kIdLocations && address < kIdLocations + kIdSize;
+  if (!id && address >= row_->codeSize) return std::nullopt;
+  const std::uint32_t buffer = id ? PanelCount() : address / kPanelSize;
+  return buffer * kOneKeyLatches + address % kOneKeyLatches;
+}
+
+void Pic18Chip::ProgramLatches(std::uint32_t address, Pic18Memory& memory) const {
+  const std::span<const std::uint8_t> all(latches_);
+  if (!facts_->oneKey) {
+    memory.Program(address - address % row_->latches, all);
+    return;
+  }
+  const std::uint32_t start = address & ~(kOneKeyLatches - 1);
+  if (!multiPanel_) {
+    if (const auto index = LatchIndex(start)) memory.Program(start, all.subspan(*index, kOneKeyLatches));
+    return;
+  }
+  // With all panels enabled the ID locations are out of reach: they want single-panel writes.
+  if (address >= row_->codeSize) return;
+  for (std::uint32_t panel = 0; panel < PanelCount(); ++panel) {
+    memory.Program(panel * kPanelSize + start % kPanelSize,
+                   all.subspan(panel * kOneKeyLatches, kOneKeyLatches));
+  }
+}
+
+}  // namespace zelvo::bench

@@ -1,0 +1,99 @@
+// A PIC18 in the socket: serial programming as the chip sees it, from the edges of its pins on.
+#pragma once
+
+#include <vector>
+
+#include "bench/board.h"
+#include "bench/chip_timing.h"
+#include "bench/pic18_core.h"
+#include "bench/pic18_memory.h"
+
+namespace zelvo::bench {
+
+class Pic18Chip final : public Chip {
+ public:
+  Pic18Chip(const Pic18Row& row, std::uint16_t deviceId);
+
+  [[nodiscard]] const std::string& Name() const override { return name_; }
+  void Drive(const LineLevels& lines, Nanoseconds now) override;
+  [[nodiscard]] std::optional<bool> DataOut(Nanoseconds now) override;
+  [[nodiscard]] bool Burn(std::uint32_t address, std::uint8_t value) override;
+  [[nodiscard]] std::map<std::uint32_t, std::uint8_t> Image() const override;
+  [[nodiscard]] std::vector<TimingFault> Timing() const override { return waits_.Faults(); }
+
+ private:
+  enum class Job : std::uint8_t { None, Program, Config, Row, Bulk, Eeprom };
+
+  /// Work on the arrays that is waiting for its clock or that is running.
+  struct Work {
+    Job job = Job::None;
+    std::uint32_t address = 0;
+    std::uint8_t value = 0;
+    Pic18EraseScope scope{};
+  };
+
+  void Enter(Nanoseconds now);
+  void Leave(Nanoseconds now);
+  void ClockRises(Nanoseconds now);
+  void ClockFalls(bool data, Nanoseconds now);
+  void BeginHold(Nanoseconds now);
+  void EndHold(Nanoseconds now);
+
+  void FetchOutput(Nanoseconds now);
+  void ExecuteFrame(Nanoseconds now);
+  [[nodiscard]] bool CeasedByErase(Nanoseconds now);
+  void TableWrite(std::uint8_t command, std::uint16_t payload, Nanoseconds now);
+  void WriteControl(std::uint32_t address, std::uint8_t value, Nanoseconds now);
+  void ArmProgramming(std::uint32_t address, std::uint8_t value, Nanoseconds now);
+  void StartWrite(Nanoseconds now);
+  void ReadEeprom(Nanoseconds now);
+
+  void BeginSelfTimed(const Work& work, WaitKind kind, Nanoseconds lasts, Nanoseconds now);
+  void Settle(Nanoseconds now);
+  [[nodiscard]] bool ArrayFree(Nanoseconds now);
+  void Perform(const Work& work, Pic18Memory& memory) const;
+  void Finish(const Work& work);
+
+  [[nodiscard]] std::optional<std::size_t> LatchIndex(std::uint32_t address) const;
+  [[nodiscard]] std::uint32_t PanelCount() const;
+  void ProgramLatches(std::uint32_t address, Pic18Memory& memory) const;
+
+  std::string name_;
+  const Pic18Row* row_;
+  const Pic18FamilyFacts* facts_;
+  Pic18Memory memory_;
+  Pic18Core core_;
+  WaitLog waits_;
+  std::vector<std::uint8_t> latches_;
+
+  LineLevels lines_;
+  bool programming_ = false;
+
+  // The 20-bit beat. Nothing but leaving programming mode brings it back into step.
+  int bit_ = 0;              // clocks that the frame has had
+  std::uint32_t shift_ = 0;  // its bits, the first one lowest
+  std::uint8_t output_ = 0;  // byte on its way out
+  bool outputs_ = false;     // this frame shifts out
+  bool driving_ = false;
+  bool level_ = false;
+  Nanoseconds frameStart_ = 0;
+  Nanoseconds lastEdge_ = 0;
+  Nanoseconds entered_ = 0;
+  bool clocked_ = false;  // since programming mode was entered
+
+  Work held_;  // starts with the 4th clock of the next frame, ends when that clock falls
+  bool holding_ = false;
+  Nanoseconds holdStart_ = 0;
+  bool discharging_ = false;
+  Work erase_;    // starts when the 4th clock of the next frame falls
+  Work running_;  // self-timed
+  WaitKind busyKind_ = WaitKind::Erase;
+  Nanoseconds busySince_ = 0;
+  Nanoseconds busyUntil_ = 0;
+  bool busyTold_ = false;
+
+  std::uint8_t eraseKeyHigh_ = 0;
+  bool multiPanel_ = false;
+};
+
+}  // namespace zelvo::bench
