@@ -108,9 +108,9 @@ TEST(LayerRules, TheOperatingSystemOutsideItsFolderIsFound) {
 }
 
 TEST(LayerRules, TheSimulatedChipMayNotLookAtTheProtocol) {
-  EXPECT_EQ(WrongIncludes("bench/chip_pic18.cpp", "#include \"icsp/scripts.h\"\n").size(), 1U);
+  EXPECT_EQ(WrongIncludes("bench/pic18_core.cpp", "#include \"icsp/scripts.h\"\n").size(), 1U);
   EXPECT_EQ(WrongIncludes("bench/board.h", "#include \"link/lines.h\"\n").size(), 1U);
-  EXPECT_TRUE(WrongIncludes("bench/session.cpp", "#include \"link/lines.h\"\n").empty());
+  EXPECT_TRUE(WrongIncludes("bench/board_commands.cpp", "#include \"link/lines.h\"\n").empty());
 }
 
 TEST(LayerRules, APlanningPhraseIsFound) {
