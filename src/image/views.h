@@ -31,6 +31,8 @@ void SetUpGrid(panel::Grid& grid, const GridLayout& layout, int highest, std::st
 
 /// Column geometry of the four grids; once, at start-up.
 void FormatGrids();
+/// Column geometry of one Flash grid.
+void FormatFlashGrid(panel::Grid& grid);
 /// Rebuild the grid of the page in view with erased cells.
 void ListAlapFlash();
 void ListAlapEEPROM();

@@ -32,6 +32,7 @@ std::string ByteText(size_t index) {
 
 /// The bytes as they came, high byte first, as words.
 void ShowReadWords() {
+  image::FormatFlashGrid(FlashOlv.MSFlexGrid1);
   image::SetUpGrid(FlashOlv.MSFlexGrid1, image::FlashReviewLayout, devices::FlashWordMax, "");
   size_t k = 1;
   ForEachWord([&k](int row, int col) {
