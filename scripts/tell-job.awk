@@ -2,6 +2,8 @@
 # Tells a job of the bench in plain words: the comments of its script as headings, below each one what the
 # bench answered to the commands that follow it. Arguments: the script, the bench's answers.
 
+BEGIN { commands = 0; done = 0 }
+
 # The answers: blocks that end with `ok` or `error: REASON`.
 FNR != NR {
   if (/^\| /) {
