@@ -1,0 +1,105 @@
+#include "bench/variables.h"
+#include "devices/config_masks.h"
+#include "devices/identification.h"
+#include "devices/selection.h"
+#include "icsp/conversions.h"
+#include "icsp/pic18_engine.h"
+#include "icsp/scripts.h"
+#include "image/buffers.h"
+#include "link/delays.h"
+#include "link/event_log.h"
+#include "link/port.h"
+#include "link/run_state.h"
+#include "link/settings.h"
+
+namespace zelvo::bench {
+
+const std::vector<Variable>& Variables() {
+  static const std::vector<Variable> table{
+      // Ports, lines and polarity.
+      Row("PortBase", link::PortBase),
+      Row("PortAddress", link::PortAddress),
+      Row("PortShadow", link::PortShadow),
+      Row("PortLast", link::PortLast),
+      Row("LptMode", link::LptMode),
+      Row("ComMode", link::ComMode),
+      Row("VddSetMask", link::VddSetMask),
+      Row("VddClearMask", link::VddClearMask),
+      Row("VppSetMask", link::VppSetMask),
+      Row("VppClearMask", link::VppClearMask),
+      Row("DataSetMask", link::DataSetMask),
+      Row("DataClearMask", link::DataClearMask),
+      Row("ClockSetMask", link::ClockSetMask),
+      Row("ClockClearMask", link::ClockClearMask),
+      Row("InputSelect", link::InputSelect),
+      Row("VddInverted", link::VddInverted),
+      Row("VppInverted", link::VppInverted),
+      Row("ClockInverted", link::ClockInverted),
+      Row("DataInverted", link::DataInverted),
+      Row("InputInverted", link::InputInverted),
+      Row("ComPgdInverted", link::ComPgdInverted),
+      Row("ComPgcInverted", link::ComPgcInverted),
+      Row("ComInputInverted", link::ComInputInverted),
+      Row("ComVppInverted", link::ComVppInverted),
+      Row("ComPortNumber", link::ComPortNumber),
+
+      // Speed, events and the run.
+      Row("SpeedSetting", link::SpeedSetting),
+      Row("WaitCount", link::WaitCount),
+      Row("SpeedLoading", link::SpeedLoading),
+      Row("P9Flag", link::P9Flag),
+      Row("P11Flag", link::P11Flag),
+      Row("EventCounter", link::EventCounter),
+      Row("WholeChipRun", link::WholeChipRun),
+      Row("UserAbort", link::UserAbort),
+      Row("VddOnFlag", link::VddOnFlag),
+      Row("PortCheckOpen", link::PortCheckOpen),
+
+      // The bit engine, conversions and scripts.
+      Row("BitString", icsp::BitString),
+      Row("BitSamples", icsp::BitSamples),
+      Row("HexPair", icsp::HexPair),
+      Row("ConvertedBits", icsp::ConvertedBits),
+      Row("LoadFailed", icsp::LoadFailed),
+      Row("ScriptTable", icsp::ScriptTable),
+      Row("TablePointerU", icsp::TablePointerU),
+      Row("TablePointerH", icsp::TablePointerH),
+      Row("TablePointerL", icsp::TablePointerL),
+      Row("EraseKey1", icsp::EraseKey1),
+      Row("EraseKey2", icsp::EraseKey2),
+
+      // The chip.
+      Row("FlashWordMax", devices::FlashWordMax),
+      Row("EepromMax", devices::EepromMax),
+      Row("SelectedName", devices::SelectedName),
+      Row("DetectedName", devices::DetectedName),
+      Row("SilentIdentify", devices::SilentIdentify),
+      Row("ChipRecognised", devices::ChipRecognised),
+      Row("DevId", devices::DevId),
+      Row("ConfigFlags", devices::ConfigFlags),
+
+      // The image.
+      Row("MainBuffer", image::MainBuffer),
+      Row("VerifyBuffer", image::VerifyBuffer),
+      Row("FlashReadBuffer", image::FlashReadBuffer),
+      Row("EepromBuffer", image::EepromBuffer),
+      Row("EepromReadBuffer", image::EepromReadBuffer),
+      Row("ConfigBuffer", image::ConfigBuffer),
+      Row("ConfigBitStrings", image::ConfigBitStrings),
+      Row("IdBuffer", image::IdBuffer),
+      Row("MidIdWords", image::MidIdWords),
+      Row("MidIdReadWords", image::MidIdReadWords),
+      Row("ConfigWord1Bits", image::ConfigWord1Bits),
+      Row("ConfigWord2Bits", image::ConfigWord2Bits),
+      Row("ConfigWord1Raw", image::ConfigWord1Raw),
+      Row("ConfigWord2Raw", image::ConfigWord2Raw),
+      Row("WorkHex", image::WorkHex),
+      Row("ReadBackBytes", image::ReadBackBytes),
+      Row("ReadIndex", image::ReadIndex),
+      Row("IdEdited", image::IdEdited),
+      Row("ConfigEdited", image::ConfigEdited),
+  };
+  return table;
+}
+
+}  // namespace zelvo::bench
