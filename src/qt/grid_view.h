@@ -1,0 +1,57 @@
+// A panel's grid on the screen: a table over a model that reads the cells where they lie, so that thousands
+// of rows cost no more than the few that can be seen.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QTableView>
+
+#include "panel/grid.h"
+
+namespace zelvo::desktop {
+
+/// Rows of the toolkit's table are the data rows; the panel's row 0 is the heading.
+class GridModel : public QAbstractTableModel {
+ public:
+  GridModel(const panel::Grid& grid, QObject* parent);
+  /// Takes over a changed number of rows. True when there was one.
+  bool Relayout();
+
+  [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+  [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+  [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+  [[nodiscard]] const panel::Grid& Source() const { return grid_; }
+  /// The text as drawn, without the blanks around it; empty for a cell that is no longer there.
+  [[nodiscard]] QString CellText(int dataRow, int col) const;
+  [[nodiscard]] panel::Colour CellColour(int dataRow, int col) const;
+
+ private:
+  const panel::Grid& grid_;
+  unsigned layout_;
+  int rows_;  ///< data rows, as the toolkit was told last
+};
+
+class GridView : public QTableView {
+ public:
+  GridView(panel::Grid& grid, QWidget* parent = nullptr);
+  /// Draws what has changed.
+  void Reread();
+  /// The width at which cells of four digits and usual headings stand without being cut.
+  [[nodiscard]] int LeastWidth() const;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void ConnectHand();
+  void ShareWidth();
+  [[nodiscard]] int CellMargin() const;  ///< of a text, both sides together
+
+  panel::Grid& grid_;
+  GridModel* model_;
+};
+
+}  // namespace zelvo::desktop

@@ -1,0 +1,28 @@
+// The frame window `MDIForm1` with `Form1` as its content.
+#pragma once
+
+#include <QMainWindow>
+
+#include "qt/binder.h"
+
+class QStackedWidget;
+
+namespace zelvo::desktop {
+
+class MainWindow : public QMainWindow {
+ public:
+  MainWindow();
+  /// Draws what has changed on the panel.
+  void Refresh();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  QWidget* MakePage(panel::Frame& frame, void (*build)(Binder&, QWidget&));
+
+  Binder binder_;
+  QStackedWidget* pages_;
+};
+
+}  // namespace zelvo::desktop
