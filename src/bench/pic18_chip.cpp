@@ -186,8 +186,10 @@ bool Pic18Chip::CeasedByErase(Nanoseconds now) {
   // While a bulk erase runs the clock may go on with PGD low, but commands are not executed.
   Settle(now);
   const bool early = busyKind_ == WaitKind::Erase && frameStart_ < busyUntil_;
-  if (early && shift_ != 0 && !busyTold_ && frameStart_ >= busySince_) {
-    waits_.Check(WaitKind::Erase, frameStart_ - busySince_, busyUntil_ - busySince_);
+  if (early && shift_ != 0 && !busyTold_) {
+    // The frame that started the erase may be a command itself: it did not wait at all.
+    const Nanoseconds waited = std::max<Nanoseconds>(frameStart_ - busySince_, 0);
+    waits_.Check(WaitKind::Erase, waited, busyUntil_ - busySince_);
     busyTold_ = true;
   }
   return early && now < busyUntil_;
