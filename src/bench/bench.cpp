@@ -53,6 +53,8 @@ Refusal Execute(Call& call, std::string_view line) {
     return command->run(call);
   } catch (const platform::ProgramEnded&) {
     return std::nullopt;  // the command itself closed the program
+  } catch (const panel::GridFault&) {
+    return "the program reached beyond a grid";
   } catch (const std::exception& fault) {
     return fault.what();
   }

@@ -6,13 +6,30 @@
 #include "icsp/pic18_engine.h"
 #include "icsp/scripts.h"
 #include "image/buffers.h"
+#include "image/hex_lines.h"
+#include "image/hex_load.h"
 #include "link/delays.h"
 #include "link/event_log.h"
 #include "link/port.h"
 #include "link/run_state.h"
 #include "link/settings.h"
+#include "ops18/write_burst.h"
 
 namespace zelvo::bench {
+namespace {
+
+/// The lines of a file are found one behind the other, so a look at one walks a copy.
+std::optional<std::string> HexLine(std::span<const long long> at) {
+  image::LineText lines = image::HexLines;
+  lines.Rewind();
+  std::string_view line;
+  for (long long index = 0; lines.Next(line); ++index) {
+    if (index == at[0]) return std::string(line);
+  }
+  return std::nullopt;
+}
+
+}  // namespace
 
 const std::vector<Variable>& Variables() {
   static const std::vector<Variable> table{
@@ -98,6 +115,16 @@ const std::vector<Variable>& Variables() {
       Row("ReadIndex", image::ReadIndex),
       Row("IdEdited", image::IdEdited),
       Row("ConfigEdited", image::ConfigEdited),
+
+      // Loading a file.
+      Row("HexFileName", image::HexFileName),
+      Row("DialogFile", image::DialogFile),
+      {"HexLines", 1, HexLine},
+      Row("HexLineIndex", image::HexLineIndex),
+      Row("OverwriteAccepted", image::OverwriteAccepted),
+
+      // Writing.
+      Row("RunningAddress", ops18::RunningAddress),
   };
   return table;
 }

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "bench/variables.h"
+#include "image/hex_lines.h"
 #include "link/delays.h"
 #include "link/port.h"
 #include "panel/form1.h"
@@ -144,12 +145,20 @@ TEST_F(ScriptLooking, ElementsAndCellsHaveBounds) {
 }
 
 TEST_F(ScriptLooking, EveryVariableOfTheTableCanBeReadByItsOwnName) {
+  image::HexLines.Set("first\nsecond\n");
   std::set<std::string_view> names;
   for (const bench::Variable& variable : bench::Variables()) {
     EXPECT_TRUE(names.insert(variable.name).second) << variable.name << " stands twice";
     const std::string brackets[] = {"", "(1)", "(1,1)"};
     EXPECT_EQ(session.Look("var " + std::string(variable.name) + brackets[variable.subscripts]).size(), 1u);
   }
+}
+
+TEST_F(ScriptLooking, LinesOfTheLoadedFileAreCountedFromZero) {
+  image::HexLines.Set("first\nsecond\n");
+  EXPECT_EQ(session.Ask("var HexLines(1)"), "second");
+  EXPECT_EQ(session.Refused("var HexLines(2)"), "no element HexLines(2)");
+  EXPECT_EQ(session.Refused("var HexLines(-1)"), "no element HexLines(-1)");
 }
 
 TEST_F(ScriptLooking, TimeCountsFromTheStart) {
