@@ -1,26 +1,24 @@
 #include "bench/buffered_file.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
 
 namespace zelvo::bench {
 
 std::unique_ptr<BufferedFile> BufferedFile::Create(const std::string& path) {
-  const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-  if (descriptor < 0) return nullptr;
-  return std::unique_ptr<BufferedFile>(new BufferedFile(descriptor));
+  std::FILE* file = std::fopen(path.c_str(), "wb");
+  if (file == nullptr) return nullptr;
+  return std::unique_ptr<BufferedFile>(new BufferedFile(file));
 }
 
 // Uninitialised on purpose: pages that are never written cost no memory.
-BufferedFile::BufferedFile(int descriptor) : descriptor_(descriptor), buffer_(new char[Size]) {}
+BufferedFile::BufferedFile(std::FILE* file) : file_(file), buffer_(new char[Size]) {
+  std::setvbuf(file_, nullptr, _IONBF, 0);
+}
 
 BufferedFile::~BufferedFile() {
   Flush();
-  ::close(descriptor_);
+  std::fclose(file_);
 }
 
 void BufferedFile::Put(std::string_view text) {
@@ -34,15 +32,7 @@ void BufferedFile::Put(std::string_view text) {
 }
 
 void BufferedFile::Flush() {
-  std::size_t done = 0;
-  while (whole_ && done < used_) {
-    const ssize_t n = ::write(descriptor_, buffer_.get() + done, used_ - done);
-    if (n > 0) {
-      done += static_cast<std::size_t>(n);
-    } else if (errno != EINTR) {
-      whole_ = false;
-    }
-  }
+  if (whole_ && used_ > 0) whole_ = std::fwrite(buffer_.get(), 1, used_, file_) == used_;
   used_ = 0;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdio>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -31,10 +32,10 @@ class BufferedFile {
   [[nodiscard]] bool Whole() const { return whole_; }
 
  private:
-  explicit BufferedFile(int descriptor);
+  explicit BufferedFile(std::FILE* file);
 
   static constexpr std::size_t Size = std::size_t{1} << 20;
-  int descriptor_;
+  std::FILE* file_;
   std::unique_ptr<char[]> buffer_;
   std::size_t used_ = 0;
   bool whole_ = true;

@@ -99,7 +99,7 @@ Pic18EraseScope Pic18Memory::ScopeOf(std::uint8_t high, std::uint8_t low) const 
     scope.config = (low & kKeyConfig) != 0;
     scope.eeprom = (low & kKeyEeprom) != 0;
     scope.blocks = high & present;
-    // The chip erase of the specification takes the ID locations too, whatever its key has in the ID bit.
+    // The chip erase of the data sheets takes the ID locations too, whatever its key has in the ID bit.
     const bool whole = scope.boot && scope.config && scope.eeprom && scope.blocks == present;
     scope.id = (low & kKeyId) != 0 || whole;
     return scope;
