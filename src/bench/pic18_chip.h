@@ -22,6 +22,9 @@ class Pic18Chip final : public Chip {
   [[nodiscard]] std::vector<TimingFault> Timing() const override { return waits_.Faults(); }
 
  private:
+  static constexpr std::uint32_t kOneKeyLatches = 8;  // bytes a panel
+  static constexpr std::uint8_t kBlank = 0xFF;
+
   enum class Job : std::uint8_t { None, Program, Config, Row, Bulk, Eeprom };
 
   /// Work on the arrays that is waiting for its clock or that is running.
