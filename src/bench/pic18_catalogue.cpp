@@ -8,7 +8,7 @@ namespace {
 constexpr std::uint32_t kKb = 1024;
 
 // clang-format off
-// Configuration bytes 300000h to 300007h from the data sheets' summary of configuration bits: implemented bits,
+// Configuration bytes 300000h to 300007h (docs/silicon.md tells their source): implemented bits,
 // values of a blank chip, protection cells of a block register. Where a smaller chip of a family has fewer blocks, its
 // data sheet asks to keep the others' cells set: the cells are there.
 constexpr Pic18Config kConfigX2{  {0x00, 0x27, 0x0F, 0x0F, 0x00, 0x01, 0x85, 0x00}, {0x00, 0x27, 0x0F, 0x0F, 0x00, 0x01, 0x85, 0x00}, 0x0F};
