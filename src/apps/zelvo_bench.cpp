@@ -76,9 +76,9 @@ void RunScript(zelvo::bench::Bench& bench, std::istream& script) {
     std::string_view command = line;
     if (first && command.starts_with(ByteOrderMark)) command.remove_prefix(ByteOrderMark.size());
     bench.Run(command);
-    // Whoever sits at the other end of a pipe waits for the answer and may look at the files.
-    std::fflush(stdout);
+    // Whoever sits at the other end of a pipe waits for the answer and then may look at the files.
     if (&script == &std::cin) bench.machine.FlushRecords();
+    std::fflush(stdout);
   }
 }
 
