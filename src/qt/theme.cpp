@@ -86,7 +86,7 @@ QString SheetFor(const QFont& font) {
 }
 
 QPalette LightPalette() {
-  QPalette palette(QColor(colours::Card), QColor(colours::Window));
+  QPalette palette{QColor(colours::Card), QColor(colours::Window)};
   palette.setColor(QPalette::Base, QColor(colours::Card));
   palette.setColor(QPalette::AlternateBase, QColor(colours::Heading));
   for (const auto role :
