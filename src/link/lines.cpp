@@ -2,15 +2,15 @@
 
 namespace zelvo::link {
 
+void SetMasks(std::size_t line, int bit) {
+  int* const setMasks[OutputLines] = {&VddSetMask, &VppSetMask, &DataSetMask, &ClockSetMask};
+  int* const clearMasks[OutputLines] = {&VddClearMask, &VppClearMask, &DataClearMask, &ClockClearMask};
+  *setMasks[line] = bit;
+  *clearMasks[line] = 255 - bit;
+}
+
 void SetComMasks() {
-  VddSetMask = 1;
-  VddClearMask = 254;
-  VppSetMask = 64;
-  VppClearMask = 191;
-  DataSetMask = 1;
-  DataClearMask = 254;
-  ClockSetMask = 2;
-  ClockClearMask = 253;
+  for (std::size_t line = 0; line < OutputLines; ++line) SetMasks(line, LineTable[line].comBit);
 }
 
 }  // namespace zelvo::link

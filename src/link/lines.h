@@ -3,6 +3,7 @@
 // writes.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 #include "link/port.h"
@@ -18,6 +19,7 @@ struct LineRow {
   int comBit;               ///< bit value
   std::string_view comPin;  ///< connector pin named to the operator
 };
+inline constexpr std::size_t OutputLines = 4;  ///< the first rows of `LineTable`
 inline constexpr LineRow LineTable[] = {
     {"Vdd", LptData, 4, UartModemControl, 1, "4"},
     {"Vpp", LptData, 8, UartLineControl, 64, "3, TXD"},
@@ -77,6 +79,8 @@ inline void AddressInput() {
   return LptMode ? InputInverted : ComInputInverted;
 }
 
+/// The masks of one of the four outputs, counted as in `LineTable`: the Set mask is `bit`.
+void SetMasks(std::size_t line, int bit);
 /// The masks of the serial port, fixed: DTR for Vdd and data, break for Vpp, RTS for the clock.
 void SetComMasks();
 

@@ -7,6 +7,7 @@
 
 #include "link/delays.h"
 #include "link/event_log.h"
+#include "link/lines.h"
 #include "link/numbers.h"
 #include "link/port.h"
 #include "link/speed.h"
@@ -104,16 +105,11 @@ bool IsBitValue(long value) {
   std::array<long, 5> values{};
   for (size_t i = 0; i < values.size(); ++i) {
     const auto value = ReadWhole(fields[i]);
-    const bool good = value && (i < 4 ? IsBitValue(*value) : *value == 0 || *value == 1);
+    const bool good = value && (i < OutputLines ? IsBitValue(*value) : *value == 0 || *value == 1);
     if (!good) return false;
     values[i] = *value;
   }
-  int* const setMasks[] = {&VddSetMask, &VppSetMask, &DataSetMask, &ClockSetMask};
-  int* const clearMasks[] = {&VddClearMask, &VppClearMask, &DataClearMask, &ClockClearMask};
-  for (size_t i = 0; i < 4; ++i) {
-    *setMasks[i] = static_cast<int>(values[i]);
-    *clearMasks[i] = 255 - *setMasks[i];
-  }
+  for (size_t i = 0; i < OutputLines; ++i) SetMasks(i, static_cast<int>(values[i]));
   InputSelect = static_cast<int>(values[4]);
   return true;
 }
