@@ -3,20 +3,17 @@
 #include <algorithm>
 #include <exception>
 #include <iostream>
-#include <utility>
 
 #include "platform/seams.h"
 
 namespace zelvo::panel {
 namespace {
 
-template <class Hook, class... Arguments>
-void Run(const Hook& hook, Arguments&&... arguments) {
-  if (!hook) return;
+/// Runs `act` on behalf of the operator: whatever ends a handler early ends here.
+template <class Act>
+void Guarded(const Act& act) {
   try {
-    // A copy: the handler may put another hook in its own place.
-    const Hook running = hook;
-    running(std::forward<Arguments>(arguments)...);
+    act();
   } catch (const platform::ProgramEnded&) {
     // The main window is closed: the handler ended where it stood.
   } catch (const GridFault&) {
@@ -24,6 +21,14 @@ void Run(const Hook& hook, Arguments&&... arguments) {
   } catch (const std::exception& fault) {
     std::cerr << "zelvo: a handler failed: " << fault.what() << '\n';
   }
+}
+
+template <class Hook, class... Arguments>
+void Call(const Hook& hook, Arguments... arguments) {
+  if (!hook) return;
+  // A copy: the handler may put another hook in its own place.
+  const Hook running = hook;
+  running(arguments...);
 }
 
 HandResult Reach(const VisibleControl& control) {
@@ -35,7 +40,7 @@ HandResult Reach(const VisibleControl& control) {
 template <class Act>
 HandResult IfReached(const VisibleControl& control, const Act& act) {
   const HandResult reach = Reach(control);
-  if (reach == HandResult::Done) Run(std::function<void()>(act));
+  if (reach == HandResult::Done) Guarded(act);
   return reach;
 }
 
@@ -44,15 +49,11 @@ HandResult IfReached(const VisibleControl& control, const Act& act) {
 HandResult HandClick(VisibleControl& control) {
   if (auto* option = dynamic_cast<OptionButton*>(&control)) return HandTick(*option, true);
   if (auto* box = dynamic_cast<CheckBox*>(&control)) return HandTick(*box, !box->Value);
-  return IfReached(control, [&] {
-    if (control.Click) control.Click();
-  });
+  return IfReached(control, [&] { Call(control.Click); });
 }
 
 HandResult HandDblClick(VisibleControl& control) {
-  return IfReached(control, [&] {
-    if (control.DblClick) control.DblClick();
-  });
+  return IfReached(control, [&] { Call(control.DblClick); });
 }
 
 HandResult HandTick(CheckBox& box, bool ticked) {
@@ -60,7 +61,8 @@ HandResult HandTick(CheckBox& box, bool ticked) {
     if (dynamic_cast<OptionButton*>(&box) != nullptr && ticked) {
       for (Control* other : box.Owner().Controls()) {
         auto* option = dynamic_cast<OptionButton*>(other);
-        if (option != nullptr && option != &box) option->Value = false;
+        // A reset, since being cleared by another is no click.
+        if (option != nullptr && option != &box && option->Value) option->Value.Reset();
       }
     }
     box.Value = ticked;
@@ -70,7 +72,7 @@ HandResult HandTick(CheckBox& box, bool ticked) {
 HandResult HandChoose(ComboBox& combo, const std::string& text) {
   return IfReached(combo, [&] {
     combo.Text = text;
-    if (combo.Holds(text) && combo.Click) combo.Click();
+    if (combo.Holds(text)) Call(combo.Click);
   });
 }
 
@@ -83,43 +85,37 @@ HandResult HandType(TextBox& box, const std::string& text) {
 }
 
 HandResult HandKey(VisibleControl& control, Key key) {
-  return IfReached(control, [&] {
-    if (control.KeyDown) control.KeyDown(key);
-  });
+  return IfReached(control, [&] { Call(control.KeyDown, key); });
 }
 
 HandResult HandLeave(VisibleControl& control) {
-  return IfReached(control, [&] {
-    if (control.LostFocus) control.LostFocus();
-  });
+  return IfReached(control, [&] { Call(control.LostFocus); });
 }
 
 HandResult HandCellClick(Grid& grid, int row, int col) {
   return IfReached(grid, [&] {
-    if (grid.CellClick) grid.CellClick(row, col);
-    if (grid.Click) grid.Click();
+    Call(grid.CellClick, row, col);
+    Call(grid.Click);
   });
 }
 
 HandResult HandCellDblClick(Grid& grid, int row, int col) {
-  return IfReached(grid, [&] {
-    if (grid.CellDblClick) grid.CellDblClick(row, col);
-  });
+  return IfReached(grid, [&] { Call(grid.CellDblClick, row, col); });
 }
 
 HandResult HandTab(TabStrip& tabs, int index) {
   return IfReached(tabs, [&] {
     tabs.SelectedItem = index;
-    if (tabs.Click) tabs.Click();
+    Call(tabs.Click);
   });
 }
 
 void HandMouse(Frame& frame) {
-  Run(frame.MouseEvent);
+  Guarded([&] { Call(frame.MouseEvent); });
 }
 
 void HandClose(Window& window) {
-  Run(std::function<void()>([&] { window.Unload(); }));
+  Guarded([&] { window.Unload(); });
 }
 
 }  // namespace zelvo::panel

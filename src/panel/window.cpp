@@ -4,6 +4,21 @@
 #include <utility>
 
 namespace zelvo::panel {
+namespace {
+
+/// Sets a flag for its own life.
+class Mark {
+ public:
+  explicit Mark(bool& flag) : flag_(flag) { flag_ = true; }
+  Mark(const Mark&) = delete;
+  Mark& operator=(const Mark&) = delete;
+  ~Mark() { flag_ = false; }
+
+ private:
+  bool& flag_;
+};
+
+}  // namespace
 
 Control::Control(Window& window, std::string name) : name_(std::move(name)), owner_(&window) {
   window.controls_.push_back(this);
@@ -23,9 +38,11 @@ void Window::Load() {
 }
 
 void Window::Unload() {
-  if (!loaded_) return;
-  if (OnUnload) OnUnload();
-  if (!loaded_) return;  // the event itself may have led here a second time
+  if (!loaded_ || unloading_) return;
+  {
+    const Mark unloading(unloading_);  // the event may lead here a second time
+    if (OnUnload) OnUnload();
+  }
   loaded_ = false;
   LoadedWindows.erase(std::remove(LoadedWindows.begin(), LoadedWindows.end(), this), LoadedWindows.end());
   for (Witness* witness : witnesses) witness->WindowUnloaded(*this);

@@ -22,7 +22,7 @@ class Window {
   /// and runs `OnLoad`. Does nothing when the window is loaded already.
   void Load();
   /// Runs `OnUnload`, takes the window out of `LoadedWindows` and tells the witnesses. Does nothing when the
-  /// window is not loaded.
+  /// window is not loaded, or from within its own `OnUnload`.
   void Unload();
   [[nodiscard]] bool Loaded() const { return loaded_; }
 
@@ -43,6 +43,7 @@ class Window {
   std::string name_;
   std::vector<Control*> controls_;
   bool loaded_ = false;
+  bool unloading_ = false;
 };
 
 /// All windows of the system, loaded or not.
