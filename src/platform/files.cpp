@@ -6,6 +6,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <new>
 #include <stdexcept>
 
@@ -42,12 +43,17 @@ bool WriteAll(int fd, const std::string& content) {
   return true;
 }
 
-std::string ResolveLink(const std::string& path) {
-  char* real = ::realpath(path.c_str(), nullptr);
-  if (real == nullptr) return path;
-  std::string target = real;
-  std::free(real);  // NOLINT: realpath allocates with malloc
-  return target;
+/// Where `path` leads over links, the last of which may dangle; nothing when they lead round in a circle.
+std::optional<std::string> ResolveLinks(const std::string& path) {
+  constexpr int MostLinks = 40;  // as many as the kernel follows
+  std::filesystem::path target = path;
+  std::error_code error;
+  for (int links = 0; std::filesystem::is_symlink(target, error); ++links) {
+    const std::filesystem::path next = std::filesystem::read_symlink(target, error);
+    if (error || links == MostLinks) return std::nullopt;
+    target = target.parent_path() / next;
+  }
+  return target.string();
 }
 
 }  // namespace
@@ -76,7 +82,9 @@ std::optional<std::string> ReadWholeFile(const std::string& path) {
 }
 
 bool ReplaceFile(const std::string& path, const std::string& content) {
-  const std::string target = ResolveLink(path);
+  const std::optional<std::string> resolved = ResolveLinks(path);
+  if (!resolved) return false;
+  const std::string& target = *resolved;
   std::string temporary = target + ".XXXXXX";
   Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
   if (file.Get() < 0) return false;

@@ -12,7 +12,7 @@ namespace zelvo::platform {
 
 /// Replaces the file by `content` through a temporary file beside it (written, synced, renamed). False when
 /// the folder or the disk refuses; the old file is then still whole. A link is followed, so that its target
-/// changes.
+/// changes or comes into being.
 [[nodiscard]] bool ReplaceFile(const std::string& path, const std::string& content);
 
 }  // namespace zelvo::platform
