@@ -137,10 +137,10 @@ std::optional<SpeedLine> ReadSpeedLine() {
   const auto line = ReadLine(SpeedFile);
   if (!line) return std::nullopt;
   const size_t comma = line->find(',');
-  if (comma == std::string::npos || comma + 1 >= line->size()) return std::nullopt;
+  if (comma == std::string::npos) return std::nullopt;
   const auto value = ReadWhole(line->substr(0, comma));
   if (!value || *value < Form1.ÁSeb.Min || *value > Form1.ÁSeb.Max) return std::nullopt;
-  return SpeedLine{static_cast<int>(*value), (*line)[comma + 1] == '1'};
+  return SpeedLine{static_cast<int>(*value), line->substr(comma + 1, 1) == "1"};
 }
 
 void ApplySpeed(int value) {
