@@ -1,13 +1,25 @@
 #include "image/hex_lines.h"
 
+#include <algorithm>
+
 #include "icsp/conversions.h"
 #include "link/numbers.h"
 
 namespace zelvo::image {
+namespace {
+
+char UpperDigit(char digit) {
+  return digit >= 'a' && digit <= 'f' ? static_cast<char>(digit - 'a' + 'A') : digit;
+}
+
+}  // namespace
 
 bool LineText::Next(std::string_view& line) {
-  const size_t end = text_.find_first_of("\r\n", next_);
-  if (end == std::string::npos) return false;
+  // The line feed found is remembered, so that a file with carriage returns alone is walked for it only once.
+  if (!nextLf_ || *nextLf_ < next_) nextLf_ = std::min(text_.find('\n', next_), text_.size());
+  const std::string_view ahead = std::string_view(text_).substr(next_, *nextLf_ - next_);
+  const size_t end = next_ + std::min(ahead.find('\r'), ahead.size());
+  if (end == text_.size()) return false;
   line = std::string_view(text_).substr(next_, end - next_);
   const bool pair = text_[end] == '\r' && end + 1 < text_.size() && text_[end + 1] == '\n';
   next_ = end + (pair ? 2 : 1);
@@ -23,23 +35,31 @@ Record::Record(std::string_view line) : line_(line) {
   static_cast<void>(Number(line_.size() - 1, 2));
 }
 
-std::string Record::Pair(size_t position) const {
+std::string Record::Upper(size_t position, size_t count) const {
+  std::string digits(Mid(position, count));
+  for (char& digit : digits) digit = UpperDigit(digit);
+  return digits;
+}
+
+void Record::PutPair(size_t position, char* out) const {
   const std::string_view digits = Mid(position, 2);
   if (digits.size() != 2) throw RecordFault{};
-  std::string pair;
   for (const char digit : digits) {
-    const char upper = digit >= 'a' && digit <= 'f' ? static_cast<char>(digit - 'a' + 'A') : digit;
-    if (icsp::DigitValue(upper) < 0) throw RecordFault{};
-    pair += upper;
+    *out = UpperDigit(digit);
+    if (icsp::DigitValue(*out++) < 0) throw RecordFault{};
   }
+}
+
+std::string Record::Pair(size_t position) const {
+  std::string pair(2, '\0');
+  PutPair(position, pair.data());
   return pair;
 }
 
 std::int32_t Record::Number(size_t position, size_t count, std::string_view zeros) const {
-  std::string digits(Mid(position, count));
+  const std::string_view digits = Mid(position, count);
   if (digits.size() != count) throw RecordFault{};
-  digits += zeros;
-  const auto value = link::ReadHex(digits);
+  const auto value = zeros.empty() ? link::ReadHex(digits) : link::ReadHex(std::string(digits).append(zeros));
   if (!value) throw RecordFault{};
   return *value;
 }

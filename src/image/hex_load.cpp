@@ -86,6 +86,7 @@ void LoadButton() {
   } else {
     ParseHexPic18();
   }
+  HexLines.Set({});
 }
 
 void ReloadButton() {
@@ -93,6 +94,7 @@ void ReloadButton() {
   if (icsp::LoadFailed == NoLines) return;
   EraseFlashAndEeprom();
   ParseHexPic18();
+  HexLines.Set({});
 }
 
 void RecoverFromFault() {

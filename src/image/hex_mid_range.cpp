@@ -69,8 +69,7 @@ void StoreConfigWord1(const Record& record) {
 /// The digits lie one position below the word's own: operators' files have been read so ever since. Past the
 /// end of the line there is no digit and so no text.
 void StoreConfigWord2(const Record& record) {
-  StoreConfigWord(std::string(record.Mid(15, 2)) + std::string(record.Mid(13, 2)),
-                  {ConfigWord2Raw, ConfigWord2Bits, Form1.List12});
+  StoreConfigWord(record.Upper(15, 2) + record.Upper(13, 2), {ConfigWord2Raw, ConfigWord2Bits, Form1.List12});
 }
 
 void StoreData(const Record& record, int address, double word) {

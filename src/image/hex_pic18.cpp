@@ -1,6 +1,7 @@
 // The PIC18 parser. A record's place is judged by a value in which the 16-bit address counts half and the
 // extended addresses count whole; the tests below are limits of that value.
 #include <cmath>
+#include <cstdint>
 #include <string>
 
 #include "devices/config_masks.h"
@@ -34,6 +35,11 @@ struct Parse {
   std::int32_t ela = 0;
   std::int32_t esa = 0;
   bool configResetDone = false;
+
+  /// Whole address of a record's first byte; wider than its parts, whose sum may pass 32 bits.
+  [[nodiscard]] std::int64_t ByteAddress(const Record& record) const {
+    return std::int64_t{record.Address()} + ela + esa;
+  }
 };
 
 struct Question {
@@ -106,7 +112,7 @@ void StoreConfig(const Record& record, Parse& parse) {
     ApplyMaskSet();
     parse.configResetDone = true;
   }
-  const int base = (record.Address() + parse.ela + parse.esa) & 255;
+  const int base = static_cast<int>(parse.ByteAddress(record) & 255);
   size_t position = DataPosition;
   for (int i = 1; i <= record.Count(); ++i, position += 2) {
     const int index = base + i;
@@ -123,7 +129,7 @@ void StoreData(const Record& record, Parse& parse) {
   } else if (place > ConfigBegin && place < ConfigEnd) {
     StoreConfig(record, parse);
   } else if (place >= EepromBegin) {
-    const int index = (record.Address() + parse.ela + parse.esa) & 0xFFFF;
+    const int index = static_cast<int>(parse.ByteAddress(record) & 0xFFFF);
     StoreEeprom(record, index, 1, Form1.MSFlexGrid2, "  ");
   } else if (place <= FlashEnd) {
     StoreFlash(record, half + parse.ela / 2.0 + parse.esa / 2.0, Form1.MSFlexGrid1);

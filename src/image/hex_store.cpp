@@ -23,9 +23,9 @@ struct Place {
 
 /// The grid refuses a cell that the chip does not have before the buffer takes anything.
 template <class Buffer>
-void StoreCell(Buffer& buffer, panel::Grid& grid, const Place& place, std::string_view lead,
-               const std::string& digits) {
-  grid.SetText(place.row + 1, place.col + 1, std::string(lead) += digits);
+void StoreCell(Buffer& buffer, panel::Grid& grid, const Place& place, std::string_view digits,
+               std::string_view shown) {
+  grid.SetText(place.row + 1, place.col + 1, shown);
   buffer(place.col + 1, place.row + 1) = digits;
 }
 
@@ -60,10 +60,11 @@ void StoreFlash(const Record& record, double word, panel::Grid& grid) {
   const int bytes = record.Count() + record.Count() % 2;
   size_t position = DataPosition;
   for (int i = 1; i <= bytes / 2; ++i, position += 4) {
-    const bool incomplete = 2 * i > record.Count();
-    std::string text = incomplete ? "FF" : record.Pair(position + 2);
-    text += record.Pair(position);
-    StoreCell(MainBuffer, grid, place, {}, text);
+    char digits[4] = {'F', 'F'};
+    if (2 * i <= record.Count()) record.PutPair(position + 2, digits);
+    record.PutPair(position, digits + 2);
+    const std::string_view text(digits, sizeof digits);
+    StoreCell(MainBuffer, grid, place, text, text);
     place.Advance();
   }
 }
@@ -72,7 +73,8 @@ void StoreEeprom(const Record& record, int index, int stride, panel::Grid& grid,
   Place place{index / 8, index % 8};
   size_t position = DataPosition;
   for (int i = 1; i <= record.Count() / stride; ++i, position += static_cast<size_t>(2 * stride)) {
-    StoreCell(EepromBuffer, grid, place, lead, record.Pair(position));
+    const std::string byte = record.Pair(position);
+    StoreCell(EepromBuffer, grid, place, byte, std::string(lead) += byte);
     place.Advance();
   }
 }

@@ -74,7 +74,9 @@ panel::Grid& PageEepromGrid() {
   return OnMidRangePage() ? Form1.MSFlexGrid3 : Form1.MSFlexGrid2;
 }
 
-void FormatFlashGrid(panel::Grid& grid) { FormatGrid(grid, 760, 713); }
+void FormatFlashGrid(panel::Grid& grid) {
+  FormatGrid(grid, 760, 713);
+}
 
 void FormatGrids() {
   for (panel::Grid* grid : {&Form1.MSFlexGrid1, &Form1.MSFlexGrid4}) FormatFlashGrid(*grid);
