@@ -33,8 +33,10 @@ void StoreByte(int index, int value) {
   image::ReadBackBytes.at(static_cast<size_t>(index)) = value;
 }
 
+/// The chip's size counts as it is at the start: choosing a chip or a page meanwhile does not end the read.
 void ReadWords() {
-  for (int word = 1; word <= devices::FlashWordMax + 1; ++word) {
+  const int words = devices::FlashWordMax + 1;
+  for (int word = 1; word <= words; ++word) {
     link::StepProgress(panel::Állapot, word);
     MEMolvasLH();
     if (link::UserAbort) return;

@@ -53,7 +53,8 @@ void FullWrite(const FullLayout& layout) {
   if (layout.accessOnce) RunAddressed(FlashPanel, 1, 6);
   panel::FlashÍrÁllapot.Load();
   const int rowStep = layout.burst.words > WordsPerRow ? layout.burst.words / WordsPerRow : 1;
-  for (int row = 1; row <= FlashRows(); row += rowStep) {
+  const int rows = FlashRows();  // choosing a chip or a page meanwhile does not end the write
+  for (int row = 1; row <= rows; row += rowStep) {
     link::StepProgress(panel::FlashÍrÁllapot, row);
     for (int column = 1; column <= WordsPerRow; column += layout.burst.words) {
       if (GroupIsBlank(layout.burst.words, row, column)) {
@@ -114,7 +115,8 @@ void VerifyWrite(const VerifyLayout& layout) {
   ResetAddress();
   RunAddressed(layout.accessScript, 1, 6);
   panel::FlashÍrÁllapot.Load();
-  for (int row = 1; row <= FlashRows(); row += RowsPerBlock) {
+  const int rows = FlashRows();  // as in the full write
+  for (int row = 1; row <= rows; row += RowsPerBlock) {
     link::StepProgress(panel::FlashÍrÁllapot, row);
     if (BlockDiffers(row)) {
       RewriteBlock(layout, row);

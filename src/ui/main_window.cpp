@@ -95,6 +95,7 @@ void EnableWholeChipButtons() {
 
 void AttachMainWindow() {
   panel::MDIForm1.OnUnload = CloseMainWindow;
+  Form1.OnLoad = [] { Form1.PICTörlés.ToolTip = "Teljes PIC tartalom Törlése"; };
   Form1.OnUnload = CloseForm1;
   Form1.TabStrip1.Click = ShowSelectedPage;
   for (panel::ComboBox* combo : {&Form1.Combo1, &Form1.Combo2}) combo->Click = devices::SelectChip;
