@@ -77,6 +77,18 @@ TEST_F(Reentrance, AReadClickedDuringAWriteRunsToItsEndInsideAndTheRestOfTheWrit
   EXPECT_EQ(job.Review(), DifferentText);
 }
 
+TEST_F(Reentrance, AnEraseClickedDuringAWriteLeavesABlankChipThatCountsAsWritten) {
+  for (const char* chip : {"PIC18F452", "PIC18F4520"}) {
+    job.Begin(chip);
+    job.Load(Bytes(0, 512, 1));
+    job.Do("at progress FlashÍrÁllapot 17 click PICTörlés");
+    job.Click("FlashÍr");
+    EXPECT_EQ(job.Code(), HexImage{}) << chip;
+    EXPECT_EQ(job.LastEvent(), ":  Verify Puffer feltöltve");
+    EXPECT_NE(job.session.Ask("var VerifyBuffer(1,1)"), "FFFF");
+  }
+}
+
 TEST_F(Reentrance, AWriteClickedDuringAWriteWritesAllInside) {
   job.Begin("PIC18F4520");
   const HexImage image = Bytes(0, 512, 1);
