@@ -14,6 +14,7 @@
 #include "panel/control.h"
 #include "qt/card.h"
 #include "qt/lamp.h"
+#include "qt/main_window.h"
 #include "qt/text.h"
 #include "qt/theme.h"
 #include "qt/widgets.h"
@@ -54,6 +55,7 @@ void Probapad::LayOutSocket(QVBoxLayout& layout) {
   chips_ = new QuietCombo;
   chips_->setObjectName(QStringLiteral("Chips"));
   for (const std::string& name : bench::ChipNames()) chips_->addItem(Text(name));
+  if (machine_.Socket() != nullptr) chips_->setCurrentText(Text(machine_.Socket()->Name()));
   auto* insert = new QPushButton(QStringLiteral("Behelyezés"));
   insert->setObjectName(QStringLiteral("Insert"));
   auto* empty = new QPushButton(QStringLiteral("Kivétel"));
@@ -97,7 +99,7 @@ void Probapad::LayOutContents(QVBoxLayout& layout) {
   list->setVerticalScrollMode(QListView::ScrollPerPixel);
   list->setSelectionMode(QListView::ExtendedSelection);
   const QFontMetrics metrics(list->font());
-  list->setMinimumSize(metrics.horizontalAdvance(QLatin1Char('0')) * 66, metrics.height() * 20);
+  list->setMinimumSize(metrics.horizontalAdvance(QString(64, QLatin1Char('0'))), metrics.height() * 20);
   card->Body()->addWidget(list, 1);
   amount_ = new QLabel;
   amount_->setProperty("muted", true);
@@ -121,9 +123,9 @@ void Probapad::Empty() {
   Refresh();
 }
 
-void Probapad::ShowBeside(QWidget& main) {
+void Probapad::ShowBeside(MainWindow& main) {
   const QRect room = main.screen()->availableGeometry();
-  const int left = std::max(main.minimumSizeHint().width(), room.width() - sizeHint().width());
+  const int left = std::max(main.LeastPageWidth(), room.width() - sizeHint().width());
   if (main.width() > left) main.resize(left, main.height());
   const QRect taken = main.frameGeometry();
   resize(sizeHint().width(), std::min(main.height(), room.height()));

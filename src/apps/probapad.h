@@ -16,6 +16,7 @@ namespace zelvo::desktop {
 
 class ChipContents;
 class Lamp;
+class MainWindow;
 
 class Probapad : public QWidget {
  public:
@@ -24,7 +25,7 @@ class Probapad : public QWidget {
   [[nodiscard]] bool Insert(const QString& chip);
   void Empty();
   /// Shows the bench beside the program's window, which makes room for it as far as it can.
-  void ShowBeside(QWidget& main);
+  void ShowBeside(MainWindow& main);
 
  protected:
   void closeEvent(QCloseEvent* event) override;

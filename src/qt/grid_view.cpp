@@ -152,11 +152,10 @@ void GridView::Reread() {
 }
 
 int GridView::LeastWidth() const {
-  const int digit = QFontMetrics(font()).horizontalAdvance(QLatin1Char('0'));
-  constexpr int LabelDigits = 7;
-  constexpr int HeadingDigits = 5;
-  const int texts = (LabelDigits + HeadingDigits * (grid_.Cols() - 1)) * digit;
-  return texts + grid_.Cols() * CellMargin() + verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+  const QFontMetrics metrics(font());
+  const int label = metrics.horizontalAdvance(QStringLiteral("Szó cím")) + CellMargin();
+  const int cell = metrics.horizontalAdvance(QStringLiteral("0 / 8")) + CellMargin();
+  return label + cell * (grid_.Cols() - 1) + verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
 }
 
 int GridView::CellMargin() const {

@@ -38,7 +38,7 @@ class GridView : public QTableView {
   GridView(panel::Grid& grid, QWidget* parent = nullptr);
   /// Draws what has changed.
   void Reread();
-  /// The width at which cells of four digits and usual headings stand without being cut.
+  /// The width at which the texts of a Flash grid stand without being cut.
   [[nodiscard]] int LeastWidth() const;
 
  protected:

@@ -6,6 +6,7 @@
 #include <QScrollArea>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "panel/form1.h"
 #include "panel/operator.h"
@@ -78,6 +79,15 @@ void MainWindow::Refresh() {
   const QString title = Text(panel::MDIForm1.Caption).trimmed();
   if (windowTitle() != title) setWindowTitle(title);
   if (panel::Form1.Loaded()) binder_.Refresh();
+}
+
+int MainWindow::LeastPageWidth() const {
+  int least = 0;
+  for (int page = 0; page < pages_->count(); ++page) {
+    const auto* area = static_cast<QScrollArea*>(pages_->widget(page));
+    least = std::max(least, area->widget()->minimumSizeHint().width());
+  }
+  return least;
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -14,6 +14,8 @@ class MainWindow : public QMainWindow {
   MainWindow();
   /// Draws what has changed on the panel.
   void Refresh();
+  /// The width at which no page has to scroll.
+  [[nodiscard]] int LeastPageWidth() const;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
