@@ -9,6 +9,11 @@
 namespace zelvo::panel {
 namespace {
 
+void TellFault(const char* what) {
+  std::cerr << "zelvo: a handler failed: " << what << '\n';
+  if (AfterFault) AfterFault();
+}
+
 /// Runs `act` on behalf of the operator: whatever ends a handler early ends here.
 template <class Act>
 void Guarded(const Act& act) {
@@ -17,9 +22,9 @@ void Guarded(const Act& act) {
   } catch (const platform::ProgramEnded&) {
     // The main window is closed: the handler ended where it stood.
   } catch (const GridFault&) {
-    std::cerr << "zelvo: a handler reached beyond a grid\n";
+    TellFault("a cell beyond its grid");
   } catch (const std::exception& fault) {
-    std::cerr << "zelvo: a handler failed: " << fault.what() << '\n';
+    TellFault(fault.what());
   }
 }
 

@@ -3,11 +3,15 @@
 // handler ends here; the pump that the hand came through throws it anew for the operation around it.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "panel/window.h"
 
 namespace zelvo::panel {
+
+/// Runs after a handler that failed, a fault of the program: brings the target to rest. Attached from above.
+inline std::function<void()> AfterFault;
 
 enum class HandResult { Done, Disabled, Hidden };
 

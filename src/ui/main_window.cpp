@@ -12,6 +12,7 @@
 #include "ops18/flash_read.h"
 #include "ops18/flash_write.h"
 #include "panel/form1.h"
+#include "panel/operator.h"
 #include "panel/window.h"
 #include "platform/seams.h"
 #include "ui/behaviour.h"
@@ -36,6 +37,14 @@ void CloseForm1() {
   for (panel::Window* window : panel::AllWindows()) {
     if (window != &panel::MDIForm1 && window != &Form1) window->Unload();
   }
+}
+
+/// A handler that fell over must not leave a chip powered, nor a speed that was only its own.
+void RestAfterFault() {
+  link::TargetPowerOff();
+  link::WholeChipRun = false;
+  link::UserAbort = false;
+  link::WaitCount = link::SpeedSetting;
 }
 
 void ReadFlashClicked() {
@@ -97,6 +106,7 @@ void AttachMainWindow() {
   panel::MDIForm1.OnUnload = CloseMainWindow;
   Form1.OnLoad = [] { Form1.PICTörlés.ToolTip = "Teljes PIC tartalom Törlése"; };
   Form1.OnUnload = CloseForm1;
+  panel::AfterFault = RestAfterFault;
   Form1.TabStrip1.Click = ShowSelectedPage;
   for (panel::ComboBox* combo : {&Form1.Combo1, &Form1.Combo2}) combo->Click = devices::SelectChip;
   for (panel::CommandButton* button : {&Form1.FájlBetölt, &Form1.Command7}) button->Click = image::LoadButton;

@@ -133,6 +133,7 @@ TEST_F(Reentrance, AReadInsideAReadOfTheLargestChipsRunsBeyondTheBytesAndIsAFaul
   job.session.EndWire();
   EXPECT_EQ(job.session.Ask("var ReadIndex"), "140001");
   EXPECT_EQ(job.Messages(), Lines{}) << "no fault reaches the operator";
+  EXPECT_EQ(job.session.Ask("color Shape2"), "14737632") << "and no chip is left powered";
   job.Click("FlashOl");
   EXPECT_EQ(job.LastEvent(), ":  Flash beolvasás kész.") << "and the program works on";
 }
