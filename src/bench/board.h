@@ -24,9 +24,9 @@ struct LineLevels {
 
 /// A kind of wait that was shorter than the chip's own minimum, as `timing` tells it.
 struct TimingFault {
-  std::string kind;               ///< "P9", "P9 config", "P10", "P11", ...
-  Nanoseconds shortest = 0;       ///< the shortest that was seen
-  Nanoseconds minimum = 0;        ///< what the programming specification asks for
+  std::string kind;          ///< "P9", "P9 config", "P10", "P11", ...
+  Nanoseconds shortest = 0;  ///< the shortest that was seen
+  Nanoseconds minimum = 0;   ///< what the programming specification asks for
   std::uint64_t count = 0;
 };
 
@@ -39,16 +39,16 @@ class Chip {
   virtual void Drive(const LineLevels& lines, Nanoseconds now) = 0;
   /// The level that the chip drives on PGD; nothing while its pin is an input.
   [[nodiscard]] virtual std::optional<bool> DataOut(Nanoseconds now) = 0;
-  /// One byte put in as if a programmer had done it before, by its address in an Intel HEX file. False when the
-  /// chip has no such location.
+  /// One byte put in as if a programmer had done it before, by its address in an Intel HEX file. False when
+  /// the chip has no such location.
   [[nodiscard]] virtual bool Burn(std::uint32_t address, std::uint8_t value) = 0;
   /// Every location that is not in its erased state, by its address in an Intel HEX file.
   [[nodiscard]] virtual std::map<std::uint32_t, std::uint8_t> Image() const = 0;
   [[nodiscard]] virtual std::vector<TimingFault> Timing() const = 0;
 };
 
-/// A blank chip of the catalogue; nullptr for an unknown name. `deviceId`: DEVID2 and DEVID1 as one 16-bit number
-/// in place of the chip's own.
+/// A blank chip of the catalogue; nullptr for an unknown name. `deviceId`: DEVID2 and DEVID1 as one 16-bit
+/// number in place of the chip's own.
 [[nodiscard]] std::unique_ptr<Chip> MakeChip(const std::string& name, std::optional<std::uint32_t> deviceId);
 /// The names that `MakeChip` knows.
 [[nodiscard]] std::vector<std::string> ChipNames();
