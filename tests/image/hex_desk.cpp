@@ -46,6 +46,18 @@ std::string Esa(int segment) {
   return Rec(0, 2, Hex(static_cast<unsigned>(segment), 4));
 }
 
+std::string AllIds() {
+  std::string all;
+  for (std::size_t k = 1; k <= 8; ++k) all += image::IdBuffer[k];
+  return all;
+}
+
+std::string AllConfigs() {
+  std::string all;
+  for (std::size_t k = 1; k <= 14; ++k) all += image::ConfigBuffer[k];
+  return all;
+}
+
 HexDesk::HexDesk(std::string_view chip) {
   session.Do("start");
   Choose(chip);

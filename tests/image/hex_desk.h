@@ -24,6 +24,10 @@ inline constexpr const char* UnknownFileFault = "ok ok Ismeretlen Fájl hiba!";
 /// An extended segment address record.
 [[nodiscard]] std::string Esa(int segment);
 
+/// The 8 ID bytes and the 14 configuration bytes of the PIC18 page, each in a row.
+[[nodiscard]] std::string AllIds();
+[[nodiscard]] std::string AllConfigs();
+
 class HexDesk {
  public:
   /// Starts the program and chooses `chip` on the page of its family.
