@@ -125,11 +125,14 @@ void Probapad::Empty() {
 
 void Probapad::ShowBeside(MainWindow& main) {
   const QRect room = main.screen()->availableGeometry();
-  const int left = std::max(main.LeastPageWidth(), room.width() - sizeHint().width());
-  if (main.width() > left) main.resize(left, main.height());
-  const QRect taken = main.frameGeometry();
-  resize(sizeHint().width(), std::min(main.height(), room.height()));
-  move(std::min(taken.right() + 1, room.right() - width()), taken.top());
+  const int width = sizeHint().width();
+  const int most = std::max(main.LeastPageWidth(), room.width() - width);
+  if (main.width() > most) main.resize(most, main.height());
+  const int left = room.left() + std::max(0, room.width() - main.width() - width) / 2;
+  const int top = room.top() + std::max(0, room.height() - main.height()) / 2;
+  main.move(left, top);
+  resize(width, std::min(main.height(), room.height()));
+  move(std::min(left + main.width(), room.left() + std::max(0, room.width() - width)), top);
   show();
 }
 

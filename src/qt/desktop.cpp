@@ -74,8 +74,10 @@ void Desktop::Refresh() {
 }
 
 QWidget* Desktop::DialogOwner() const {
-  QWidget* active = QApplication::activeWindow();
-  if (active != nullptr && active->isVisible()) return active;
+  // The window that the operator is at, if it is one of the program's own and not a bench beside it.
+  for (QWidget* window = QApplication::activeWindow(); window != nullptr; window = window->parentWidget()) {
+    if (window == main_.get()) return QApplication::activeWindow();
+  }
   return main_->isVisible() ? main_.get() : nullptr;
 }
 
@@ -88,6 +90,7 @@ void PrepareApplication(QApplication& application) {
     QApplication::installTranslator(translator);
   }
   ApplyTheme(application);
+  QApplication::setWindowIcon(ChipIcon());
 }
 
 }  // namespace zelvo::desktop

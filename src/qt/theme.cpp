@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontMetrics>
+#include <QPainter>
 #include <QPalette>
+#include <QPixmap>
 #include <QStyleFactory>
 #include <QWidget>
 #include <algorithm>
@@ -118,6 +120,27 @@ QFont MonospacedFont() {
 
 QColor FromPanel(panel::Colour colour) {
   return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
+}
+
+QIcon ChipIcon() {
+  QIcon icon;
+  for (const int side : {16, 32, 48, 128}) {
+    QPixmap picture(side, side);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(side / 16.0, side / 16.0);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(colours::Faint));
+    for (const double pin : {3.5, 7.25, 11.0}) painter.drawRect(QRectF(1, pin, 14, 1.5));
+    painter.setBrush(QColor(colours::Ink));
+    painter.drawRoundedRect(QRectF(3.5, 1, 9, 14), 1.5, 1.5);
+    painter.setBrush(QColor(colours::Accent));
+    painter.drawEllipse(QPointF(8, 4.5), 1.5, 1.5);
+    painter.end();
+    icon.addPixmap(picture);
+  }
+  return icon;
 }
 
 int LineHeight(const QWidget& widget) {

@@ -3,6 +3,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QIcon>
 
 #include "panel/control.h"
 
@@ -18,6 +19,8 @@ void ApplyTheme(QApplication& application);
 [[nodiscard]] QFont MonospacedFont();
 /// The panel's blue-green-red number as a colour.
 [[nodiscard]] QColor FromPanel(panel::Colour colour);
+/// The program's mark: a chip in its socket.
+[[nodiscard]] QIcon ChipIcon();
 /// Height of a line of text: the unit of all distances.
 [[nodiscard]] int LineHeight(const QWidget& widget);
 
