@@ -3,10 +3,10 @@
 
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
+#include <string_view>
 
 #include "bench/variables.h"
 
@@ -20,28 +20,38 @@ std::string WithoutComments(const std::filesystem::path& path) {
   return text.str();
 }
 
-/// What a declaration leaves of itself without template arguments, initialisers and array braces.
-std::string Bare(std::string declaration) {
-  for (const char* noise : {"<[^<>]*>", "<[^<>]*>", "=[^,;]*", "\\{[^{}]*\\}"}) {
-    declaration = std::regex_replace(declaration, std::regex(noise), "");
+/// A declaration without what stands in angle brackets and braces, and without initialisers.
+std::string Bare(std::string_view declaration) {
+  std::string bare;
+  int depth = 0;
+  bool initialiser = false;
+  for (const char c : declaration) {
+    if (c == '<' || c == '{') ++depth;
+    if (c == '=') initialiser = true;
+    if (depth == 0 && (c == ',' || c == ';')) initialiser = false;
+    if (depth == 0 && !initialiser) bare += c == '\n' ? ' ' : c;
+    if (c == '>' || c == '}') --depth;
   }
-  return declaration;
+  return bare;
+}
+
+std::string LastWord(std::string_view text) {
+  while (text.ends_with(' ')) text.remove_suffix(1);
+  return std::string(text.substr(text.find_last_of(' ') + 1));
 }
 
 /// The variables that a header declares. Their names begin with a capital; hooks and tools of the program do
 /// not.
 std::set<std::string> DeclaredIn(const std::filesystem::path& path) {
+  constexpr std::string_view Inline = "\ninline ";
   std::set<std::string> names;
   const std::string text = WithoutComments(path);
-  const std::regex declarations("(?:^|\n)inline ([^;()]*;|[^;()]*=[^;]*;|[^;()]*\\{[^;()]*\\};)");
-  const std::regex name("([A-Za-z0-9_\\x80-\\xFF]+)\\s*[,;]");
-  for (std::sregex_iterator it(text.begin(), text.end(), declarations), end; it != end; ++it) {
-    const std::string declaration = (*it)[1];
-    if (declaration.starts_with("constexpr")) continue;
-    const std::string bare = Bare(declaration);
-    for (std::sregex_iterator part(bare.begin(), bare.end(), name); part != end; ++part) {
-      const std::string found = (*part)[1];
-      if (found.front() < 'a' || found.front() > 'z') names.insert(found);
+  for (std::size_t at = text.find(Inline); at != std::string::npos; at = text.find(Inline, at + 1)) {
+    std::string bare = Bare(text.substr(at, text.find(';', at) + 1 - at));
+    if (bare.find('(') != std::string::npos || bare.find("constexpr") != std::string::npos) continue;
+    for (std::size_t end = 0; (end = bare.find_first_of(",;")) != std::string::npos; bare.erase(0, end + 1)) {
+      const std::string name = LastWord(bare.substr(0, end));
+      if (!name.empty() && (name.front() < 'a' || name.front() > 'z')) names.insert(name);
     }
   }
   return names;
