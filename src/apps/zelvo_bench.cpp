@@ -83,7 +83,6 @@ void RunScript(zelvo::bench::Bench& bench, std::istream& script) {
 }
 
 int Run(const Options& options) {
-  if (!IsFolder(*options.folder)) return Fail("no folder " + *options.folder);
   zelvo::platform::programFolder = WithoutEndSlash(*options.folder);
 
   std::ifstream file;

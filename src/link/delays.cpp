@@ -10,8 +10,8 @@ void SleepOn(platform::HoldTimer timer, bool& flag) {
   platform::seams.timers->Disable(timer);
 }
 
-void HoldPasses(platform::HeldDelay kind, double passes) {
-  platform::seams.delays->Hold(kind, WaitCount, passes * LoopPassMicroseconds);
+void HoldPasses(platform::HeldDelay kind, double passes, double passMicroseconds) {
+  platform::seams.delays->Hold(kind, WaitCount, passes * passMicroseconds);
 }
 
 }  // namespace
@@ -23,13 +23,13 @@ void SleepP11() {
   SleepOn(platform::HoldTimer::P11, P11Flag);
 }
 void SettleDelay() {
-  HoldPasses(platform::HeldDelay::Settle, 2000.0 * 1500);
+  HoldPasses(platform::HeldDelay::Settle, 2000.0 * 1500, SettlePass);
 }
 void PowerCycleDelay() {
-  HoldPasses(platform::HeldDelay::PowerCycle, (300 + WaitCount) * 1000);
+  HoldPasses(platform::HeldDelay::PowerCycle, (300 + WaitCount) * 1000, PowerCyclePass);
 }
 void Szün() {
-  HoldPasses(platform::HeldDelay::Szün, 2000);
+  HoldPasses(platform::HeldDelay::Szün, 2000, ShortPass);
 }
 
 }  // namespace zelvo::link

