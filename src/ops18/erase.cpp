@@ -101,7 +101,7 @@ std::string_view BlockKeys(std::string_view chip) {
 }
 
 void BulkEraseOneKey() {
-  constexpr std::string_view WholeChip = "80";
+  static constexpr std::string_view WholeChip = "80";
   icsp::RunScript(icsp::base::BulkEraseOneKey, 1, OneKeyElements, 0,
                   [](std::string_view element) { return element == "COD" ? WholeChip : element; });
   EraseHold();
