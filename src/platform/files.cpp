@@ -13,6 +13,9 @@
 namespace zelvo::platform {
 namespace {
 
+/// Beyond this a sparse file could take all memory of the machine before anything refuses.
+constexpr off_t LargestText = off_t{2} << 30;
+
 /// A POSIX descriptor that closes itself.
 class Descriptor {
  public:
@@ -63,6 +66,7 @@ std::optional<std::string> ReadWholeFile(const std::string& path) {
   Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   struct stat info {};
   if (file.Get() < 0 || ::fstat(file.Get(), &info) != 0 || !S_ISREG(info.st_mode)) return std::nullopt;
+  if (info.st_size > LargestText) return std::nullopt;
   try {
     std::string content(static_cast<size_t>(info.st_size), '\0');
     size_t done = 0;
@@ -85,15 +89,18 @@ bool ReplaceFile(const std::string& path, const std::string& content) {
   const std::optional<std::string> resolved = ResolveLinks(path);
   if (!resolved) return false;
   const std::string& target = *resolved;
+  struct stat old {};
+  const bool exists = ::stat(target.c_str(), &old) == 0;
+  // A device or a pipe must not be replaced by a file, least of all by the superuser.
+  if (exists && !S_ISREG(old.st_mode)) return false;
   std::string temporary = target + ".XXXXXX";
   Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
   if (file.Get() < 0) return false;
 
   // mkostemp gives 0600; a file that replaces another keeps that one's mode, a new one follows the umask.
-  struct stat old {};
   const mode_t mask = ::umask(0);
   ::umask(mask);
-  const mode_t mode = ::stat(target.c_str(), &old) == 0 ? (old.st_mode & 07777) : (0666 & ~mask);
+  const mode_t mode = exists ? (old.st_mode & 07777) : (0666 & ~mask);
 
   const bool written = WriteAll(file.Get(), content) && ::fchmod(file.Get(), mode) == 0 &&
                        ::fsync(file.Get()) == 0 && file.Close() &&

@@ -6,8 +6,8 @@
 
 namespace zelvo::platform {
 
-/// The whole content, byte for byte; nothing when the file is missing, a directory, unreadable, or larger
-/// than the memory at hand.
+/// The whole content, byte for byte; nothing when the file is missing, a directory, unreadable, larger than
+/// 2 GB or than the memory at hand.
 [[nodiscard]] std::optional<std::string> ReadWholeFile(const std::string& path);
 
 /// Replaces the file by `content` through a temporary file beside it (written, synced, renamed). False when

@@ -121,6 +121,16 @@ TEST_F(Files, LinksThatLeadRoundInACircleAreRefused) {
   EXPECT_EQ(Entries(), 2);
 }
 
+TEST_F(Files, APipeOrADeviceInAFilesPlaceIsRefusedAndStays) {
+  ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+  EXPECT_FALSE(ReplaceFile(path, "new"));
+  EXPECT_TRUE(fs::is_fifo(path));
+  const std::string link = folder.File("link");
+  fs::create_symlink(path, link);
+  EXPECT_FALSE(ReplaceFile(link, "new"));
+  EXPECT_TRUE(fs::is_fifo(path));
+}
+
 TEST_F(Files, AMissingFolderADirectoryAndANameThatIsTooLongAreRefused) {
   EXPECT_FALSE(ReplaceFile(folder.File("gone/speed.ini"), "new"));
   EXPECT_FALSE(ReplaceFile(folder.File(std::string(255, 'x')), "new"));
