@@ -26,10 +26,18 @@ void Fail(const char* message) {
   icsp::LoadFailed = NoLines;
 }
 
+/// No HEX file of any chip comes near this size, in bytes.
+constexpr size_t BeyondAnyChip = size_t{64} << 20;
+
+/// Garbage that never breaks into lines would otherwise pass for a file without records.
+bool IsEndlessLine(const std::string& text) {
+  return text.size() > BeyondAnyChip && text.find_first_of("\r\n") == std::string::npos;
+}
+
 /// What the text reader makes of a file: nothing of an empty one, as of a missing one.
 bool ReadLines() {
   auto text = platform::ReadWholeFile(HexFileName);
-  if (!text || text->empty()) {
+  if (!text || text->empty() || IsEndlessLine(*text)) {
     Fail("Ismeretlen Fájl hiba!");
     return false;
   }

@@ -217,9 +217,15 @@ TEST(HexRobustness, AGigabyteOfGarbageEndsInTheFormatMessage) {
   EXPECT_TRUE(desk.IsErased());
 }
 
-TEST(HexRobustness, AHundredMegabytesWithoutALineBreakHoldNoLine) {
+TEST(HexRobustness, AShortTextWithoutALineBreakHoldsNoLine) {
   HexDesk desk("PIC16F84A");
-  EXPECT_EQ(desk.LoadPath(SparseFile(desk, ":", Gigabyte / 10)), Lines{});
+  EXPECT_EQ(desk.LoadPath(SparseFile(desk, ":", 60'000'000)), Lines{});
+  EXPECT_TRUE(desk.IsErased());
+}
+
+TEST(HexRobustness, AHundredMegabytesWithoutALineBreakAreNoFileOfThisKind) {
+  HexDesk desk("PIC16F84A");
+  EXPECT_EQ(desk.LoadPath(SparseFile(desk, ":", Gigabyte / 10)), Lines{UnknownFileFault});
   EXPECT_TRUE(desk.IsErased());
 }
 
