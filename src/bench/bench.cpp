@@ -7,6 +7,7 @@
 
 #include "bench/commands.h"
 #include "bench/text.h"
+#include "panel/form1.h"
 #include "platform/seams.h"
 
 namespace zelvo::bench {
@@ -38,7 +39,7 @@ std::vector<std::string_view> Arguments(const Command& command, std::string_view
 Refusal WrongPhase(const Bench& bench, const Command& command) {
   if (command.phase == Phase::Any) return std::nullopt;
   if (!bench.Started) return "not started";
-  if (platform::programEnded) return "the program has ended";
+  if (platform::programEnded && !panel::MDIForm1.Loaded()) return "the program has ended";
   return std::nullopt;
 }
 

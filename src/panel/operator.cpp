@@ -109,6 +109,7 @@ HandResult HandCellDblClick(Grid& grid, int row, int col) {
 }
 
 HandResult HandTab(TabStrip& tabs, int index) {
+  if (index < 1) return HandResult::Hidden;
   return IfReached(tabs, [&] {
     tabs.SelectedItem = index;
     Call(tabs.Click);

@@ -1,4 +1,6 @@
 // `FlashOlv`: what was read from the chip's Flash, compared with the image.
+#include <algorithm>
+
 #include "devices/selection.h"
 #include "icsp/conversions.h"
 #include "image/buffers.h"
@@ -18,10 +20,12 @@ namespace {
 
 constexpr int Columns = 8;
 
-/// Calls `use` with row and column of each word of the chip.
+/// Calls `use` with row and column of each word of the review. A chip that was chosen meanwhile may be
+/// smaller; what a larger one has beyond was not read.
 template <class Use>
 void ForEachWord(const Use& use) {
-  for (int row = 1; row <= image::RowsOf(devices::FlashWordMax); ++row) {
+  const int rows = std::min(image::RowsOf(devices::FlashWordMax), FlashOlv.MSFlexGrid1.Rows() - 1);
+  for (int row = 1; row <= rows; ++row) {
     for (int col = 1; col <= Columns; ++col) use(row, col);
   }
 }

@@ -13,6 +13,7 @@
 #include "ops18/flash_write.h"
 #include "panel/form1.h"
 #include "panel/operator.h"
+#include "panel/secondary_windows.h"
 #include "panel/window.h"
 #include "platform/seams.h"
 #include "ui/behaviour.h"
@@ -26,22 +27,24 @@ namespace {
 
 /// Closing ends a running operation: the pump pass that the click came through throws, so that no line moves
 /// after this brought them to idle.
-void CloseMainWindow() {
-  panel::Form1.Unload();
-  if (platform::seams.serial->IsOpen()) platform::seams.serial->Close();
-  platform::programEnded = true;
-}
-
 void CloseForm1() {
   link::TargetPowerOff();
   for (panel::Window* window : panel::AllWindows()) {
     if (window != &panel::MDIForm1 && window != &Form1) window->Unload();
   }
+  if (platform::seams.serial->IsOpen()) platform::seams.serial->Close();
+  platform::programEnded = true;
+}
+
+void CloseMainWindow() {
+  Form1.Unload();
 }
 
 /// A handler that fell over must not leave a chip powered, nor a speed that was only its own.
 void RestAfterFault() {
   link::TargetPowerOff();
+  panel::Állapot.Unload();
+  panel::FlashÍrÁllapot.Unload();
   link::WholeChipRun = false;
   link::UserAbort = false;
   link::WaitCount = link::SpeedSetting;

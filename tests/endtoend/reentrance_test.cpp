@@ -138,6 +138,16 @@ TEST_F(Reentrance, AReadInsideAReadOfTheLargestChipsRunsBeyondTheBytesAndIsAFaul
   EXPECT_EQ(job.LastEvent(), ":  Flash beolvasás kész.") << "and the program works on";
 }
 
+TEST_F(Reentrance, Form1ClosedDuringAReadEndsItAndLeavesNoWindowBehind) {
+  job.Begin("PIC18F1220");
+  job.Do("at progress Állapot 100 close Form1");
+  job.Click("FlashOl");
+  EXPECT_EQ(job.session.Look("windows"), Lines{"MDIForm1"});
+  job.session.BeginWire();
+  job.Do("stop");
+  EXPECT_EQ(job.session.EndWire(), Lines{"- MDIForm1"}) << "and no port is touched again";
+}
+
 TEST_F(Reentrance, ATabClickedDuringAReadDeselectsTheChipAndTheReadGoesOnToItsEnd) {
   job.Begin("PIC18F1220");
   job.Burn(Bytes(0, 4096, 1));

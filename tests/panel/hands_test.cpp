@@ -203,8 +203,20 @@ TEST_F(Hands, AFaultOfAHandlerIsToldOnStandardErrorAndTheProgramGoesOn) {
   HandMouse(window.Page);
   HandClose(window);
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
-            "zelvo: a handler reached beyond a grid\nzelvo: a handler failed: no luck\n"
-            "zelvo: a handler reached beyond a grid\nzelvo: a handler failed: stuck\n");
+            "zelvo: a handler failed: a cell beyond its grid\nzelvo: a handler failed: no luck\n"
+            "zelvo: a handler failed: a cell beyond its grid\nzelvo: a handler failed: stuck\n");
+}
+
+TEST_F(Hands, AfterAFaultTheTargetIsBroughtToRestOnce) {
+  int rests = 0;
+  AfterFault = [&rests] { ++rests; };
+  window.Button.Click = [] { throw std::runtime_error("no luck"); };
+  EXPECT_EQ(HandClick(window.Button), HandResult::Done);
+  EXPECT_EQ(rests, 1);
+  window.Button.Click = [] { throw platform::ProgramEnded{}; };
+  EXPECT_EQ(HandClick(window.Button), HandResult::Done);
+  EXPECT_EQ(rests, 1) << "an end of the program is no fault";
+  AfterFault = nullptr;
 }
 
 TEST_F(Hands, AHandlerMayPutAnotherInItsOwnPlace) {

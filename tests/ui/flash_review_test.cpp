@@ -54,6 +54,24 @@ TEST_F(FlashReview, BearsItsCaptions) {
   EXPECT_TRUE(FlashOlv.OnTop);
 }
 
+TEST_F(FlashReview, OfASmallerChipChosenBeforeLeavesTheRestOfTheImageErased) {
+  PutWord(0, 0x12, 0x34);
+  FlashOlv.Load();
+  session.Do({"choose Combo1 PIC18F1320", "click FlashOlv.FlashPuff"});
+  EXPECT_EQ(session.Ask("var MainBuffer(1,1)"), "1234");
+  EXPECT_EQ(session.Ask("var MainBuffer(1,257)"), "FFFF") << "the first word that was not read";
+  EXPECT_EQ(session.Ask("var MainBuffer(8,512)"), "FFFF");
+}
+
+TEST_F(FlashReview, OfALargerChipChosenBeforeFillsTheSmallerOnly) {
+  session.Do({"choose Combo1 PIC18F1320"});
+  FlashOlv.Load();
+  PutWord(0, 0xFF, 0xFF);
+  session.Do({"choose Combo1 PIC18F1220", "click FlashOlv.FlashPuff"});
+  EXPECT_EQ(session.Ask("rows MSFlexGrid1"), "257");
+  EXPECT_FALSE(FlashOlv.Loaded());
+}
+
 TEST_F(FlashReview, ShowsWordsHighByteFirstWithTwoBlanksOnEitherSide) {
   PutWord(0, 0x12, 0x0A);
   PutWord(7, 0x00, 0x00);
