@@ -78,8 +78,8 @@ void ApplySpeedEdit(const SpeedControls& page) {
     return;
   }
   page.edit.Visible = false;
-  ShowSpeed(*number);
-  const int position = RoundHalfEven(*number);
+  const int position = RoundHalfEven(*number);  // the bars know whole positions only
+  ShowSpeed(position);
   Pic18Speed().bar.Value = position;
   MidRangeSpeed().bar.Value = position;
   SpeedSetting = 10.0 * position;

@@ -191,6 +191,13 @@ TEST_F(SpeedControlsOfBothPages, TheEndsOfTheRangeAreTaken) {
   ExpectSpeed(1, "1,0");
 }
 
+TEST_F(SpeedControlsOfBothPages, AFractionGoesToTheBarsNextPositionEverywhere) {
+  session.Do({"tab 1", "click List11", "type Text2 2.4", "key Text2 Enter"});
+  EXPECT_EQ(session.Ask("get HScroll1"), "2");
+  EXPECT_EQ(session.Ask("list List11"), "  2  ");
+  EXPECT_EQ(session.Ask("var SpeedSetting"), "20");
+}
+
 TEST_F(SpeedControlsOfBothPages, ANumberOutOfTheRangeIsRefused) {
   session.Do("scroll ÁSeb 70");
   for (const PageControls& page : Pages) {
