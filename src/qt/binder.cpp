@@ -81,7 +81,7 @@ QLabel* Binder::Make(panel::Label& label) {
 }
 
 QPushButton* Binder::Make(panel::CommandButton& button) {
-  auto* view = new QPushButton;
+  auto* view = new SteadyButton;
   view->setAutoDefault(true);  // Enter presses the button that has the focus
   Bind(button, view, [&button, view] { view->setText(Caption(button.Caption)); });
   QObject::connect(view, &QPushButton::clicked, view,

@@ -62,6 +62,7 @@ bool Dialogs::AskYesNo(const std::string& text) {
   const QPushButton* yes = box.addButton(QStringLiteral("Igen"), QMessageBox::YesRole);
   QPushButton* no = box.addButton(QStringLiteral("Nem"), QMessageBox::NoRole);
   box.setEscapeButton(no);
+  box.setDefaultButton(no);  // a key held down a moment too long must not erase a chip
   box.exec();
   return box.clickedButton() == yes;
 }

@@ -63,7 +63,7 @@ void Pump::SpinTo(std::int64_t end) {
   for (;;) {
     const std::int64_t now = MonotonicNow();
     if (now >= attention_) Attend(now, end);
-    if (now >= end) return;
+    if (now >= end || platform::programEnded) return;
   }
 }
 

@@ -23,6 +23,14 @@ void EditField::focusOutEvent(QFocusEvent* event) {
   if (Left) Left();
 }
 
+void SteadyButton::keyPressEvent(QKeyEvent* event) {
+  if (event->isAutoRepeat()) {
+    event->accept();
+    return;
+  }
+  QPushButton::keyPressEvent(event);
+}
+
 QuietCombo::QuietCombo(QWidget* parent) : QComboBox(parent) {
   setMaxVisibleItems(24);
   setFocusPolicy(Qt::StrongFocus);

@@ -3,6 +3,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSlider>
 #include <functional>
 
@@ -22,6 +23,16 @@ class EditField : public QLineEdit {
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
+};
+
+/// A button that a held key presses once: with a run behind each press, repeats would stack up inside each
+/// other.
+class SteadyButton : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
 };
 
 /// A drop-down list that the mouse wheel passes over: it scrolls the page, it does not choose.
