@@ -102,6 +102,10 @@ int Run(const Options& options) {
     std::cerr << "zelvo-bench: a record could not be written to its end\n";
     return SomeRefused;
   }
+  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+    std::cerr << "zelvo-bench: the answers could not be written to their end\n";
+    return SomeRefused;
+  }
   return bench.AllOk() ? AllOk : SomeRefused;
 }
 

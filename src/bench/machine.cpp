@@ -40,10 +40,11 @@ void Machine::PutChip(std::unique_ptr<Chip> chip) {
 bool Machine::BeginWire(const std::string& path) {
   // What the log before still holds must not land in a new one of the same name.
   if (wire_) wire_->Flush();
+  const bool whole = !wire_ || wire_->Whole();
   std::unique_ptr<BufferedFile> file = BufferedFile::Create(path);
   if (!file) return false;
   wire_ = std::make_unique<WireLog>(std::move(file));
-  return true;
+  return whole;
 }
 
 bool Machine::EndWire() {

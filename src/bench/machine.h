@@ -33,7 +33,7 @@ class Machine final : public platform::Ports {
   [[nodiscard]] Chip* Socket() { return board_->Socket(); }
 
   /// Begins a new wire log and ends the one before; false when the file cannot be written, and nothing
-  /// changes.
+  /// changes, or when the one before could not be written to its end.
   [[nodiscard]] bool BeginWire(const std::string& path);
   /// False when the log could not be written to its end.
   [[nodiscard]] bool EndWire();
