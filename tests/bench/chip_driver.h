@@ -1,5 +1,5 @@
-// A programmer for the tests of the simulated chips: bits and command sequences as Microchip draws them in its
-// programming specifications, without any other part of the system.
+// A programmer for the tests of the simulated chips: bits and command sequences as Microchip draws them in
+// its programming specifications, without any other part of the system.
 #pragma once
 
 #include <cstdint>
