@@ -79,9 +79,12 @@ class Floor final : public platform::EventPump, public platform::Timers, public 
 class Sim {
  public:
   static Sim& Only() {
-    static Sim sim;
-    return sim;
+    if (!only) only = std::make_unique<Sim>();
+    return *only;
   }
+  /// Its windows must go before the application does.
+  static void End() { only.reset(); }
+
   platform::EventPump& Pump() { return *pump_; }
   platform::Timers& Timers() { return *timers_; }
   desktop::SimMachine& Machine() { return machine_; }
@@ -103,7 +106,6 @@ class Sim {
     if (result != panel::HandResult::Done) throw std::runtime_error("a control was out of reach");
   }
 
- private:
   Sim()
       : machine_(bench::MakeLptBoard({.clockInverted = true, .dataInverted = true, .inputInverted = true})),
         folder_(fs::temp_directory_path() / ("zelvo-pump-" + std::to_string(getpid()))),
@@ -127,6 +129,8 @@ class Sim {
   }
   ~Sim() { fs::remove_all(folder_); }
 
+ private:
+  static inline std::unique_ptr<Sim> only;
   desktop::SimMachine machine_;
   bench::BenchSerial serial_;
   fs::path folder_;
@@ -211,5 +215,6 @@ int main(int count, char** words) {
   benchmark::Initialize(&count, words);
   if (benchmark::ReportUnrecognizedArguments(count, words)) return 1;
   benchmark::RunSpecifiedBenchmarks();
+  zelvo::Sim::End();
   return 0;
 }
