@@ -23,7 +23,7 @@ void Grid::Reset() {
   std::fill(colWidth_.begin(), colWidth_.end(), DefaultColWidth);
   std::fill(colAlignment_.begin(), colAlignment_.end(), 0);
   ++layout_;
-  TouchRow(0);
+  Touch();
 }
 
 void Grid::SetRows(int rows) {
@@ -32,13 +32,7 @@ void Grid::SetRows(int rows) {
   rows_ = rows;
   cells_.resize(static_cast<size_t>(rows_) * static_cast<size_t>(cols_));
   ++layout_;
-  TouchRow(rows_ - 1);
-}
-
-void Grid::ClearColors() {
-  for (Cell& cell : cells_) cell.colour = White;
-  firstDirty_ = 0;
-  TouchRow(rows_ - 1);
+  Touch();
 }
 
 void Grid::SetColWidth(int col, int twips) {

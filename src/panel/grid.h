@@ -26,15 +26,13 @@ class Grid : public VisibleControl {
   [[nodiscard]] const std::string& Text(int row, int col) const { return At(row, col).text; }
   void SetText(int row, int col, std::string_view text) {
     const_cast<Cell&>(At(row, col)).text.assign(text);
-    TouchRow(row);
+    Touch();
   }
   [[nodiscard]] Colour CellBackColor(int row, int col) const { return At(row, col).colour; }
   void SetCellBackColor(int row, int col, Colour colour) {
     const_cast<Cell&>(At(row, col)).colour = colour;
-    TouchRow(row);
+    Touch();
   }
-  /// All cells back to white.
-  void ClearColors();
 
   // Geometry. Widths and heights are twips (1440 to the inch); 5 centres a column.
   static constexpr int AlignCentre = 5;
@@ -45,14 +43,6 @@ class Grid : public VisibleControl {
   [[nodiscard]] int ColAlignment(int col) const { return colAlignment_.at(static_cast<size_t>(col)); }
   [[nodiscard]] int HeadingHeight() const { return headingHeight_; }
 
-  /// First and last row written since `revisionSeen`-keeping views last looked; a view that repaints only
-  /// what can be seen may ignore them. `ForgetDirtyRows` starts anew.
-  [[nodiscard]] int FirstDirtyRow() const { return firstDirty_; }
-  [[nodiscard]] int LastDirtyRow() const { return lastDirty_; }
-  void ForgetDirtyRows() {
-    firstDirty_ = rows_;
-    lastDirty_ = -1;
-  }
   /// Counts every change of the number of rows.
   [[nodiscard]] unsigned Layout() const { return layout_; }
 
@@ -69,11 +59,6 @@ class Grid : public VisibleControl {
     if (row < 0 || row >= rows_ || col < 0 || col >= cols_) throw GridFault{};
     return cells_[static_cast<size_t>(row) * static_cast<size_t>(cols_) + static_cast<size_t>(col)];
   }
-  void TouchRow(int row) {
-    if (row < firstDirty_) firstDirty_ = row;
-    if (row > lastDirty_) lastDirty_ = row;
-    Touch();
-  }
 
   int cols_;
   int rows_ = 1;
@@ -81,8 +66,6 @@ class Grid : public VisibleControl {
   std::vector<int> colWidth_;
   std::vector<int> colAlignment_;
   int headingHeight_ = 270;
-  int firstDirty_ = 0;
-  int lastDirty_ = 0;
   unsigned layout_ = 0;
 };
 

@@ -183,37 +183,13 @@ TEST(Grids, ACellOutsideIsAFaultAndChangesNothing) {
   }
 }
 
-TEST(Grids, CellsHaveColoursThatGoBackToWhiteAllAtOnce) {
+TEST(Grids, CellsHaveColoursOfTheirOwn) {
   SampleWindow a("A");
   Grid& grid = a.Table;
   grid.SetRows(3);
   grid.SetCellBackColor(1, 1, LightRed);
   EXPECT_EQ(grid.CellBackColor(1, 1), LightRed);
   EXPECT_EQ(grid.CellBackColor(1, 2), White);
-  grid.ClearColors();
-  EXPECT_EQ(grid.CellBackColor(1, 1), White);
-}
-
-TEST(Grids, AViewFindsTheRowsWrittenSinceItLastLooked) {
-  SampleWindow a("A");
-  Grid& grid = a.Table;
-  grid.SetRows(100);
-  grid.ForgetDirtyRows();
-  EXPECT_GT(grid.FirstDirtyRow(), grid.LastDirtyRow()) << "none";
-  const std::uint64_t before = grid.Changed();
-  grid.SetText(40, 1, "x");
-  grid.SetCellBackColor(12, 1, Red);
-  EXPECT_EQ(grid.FirstDirtyRow(), 12);
-  EXPECT_EQ(grid.LastDirtyRow(), 40);
-  EXPECT_GT(grid.Changed(), before);
-  grid.ForgetDirtyRows();
-  grid.ClearColors();
-  EXPECT_EQ(grid.FirstDirtyRow(), 0);
-  EXPECT_EQ(grid.LastDirtyRow(), 99);
-  grid.ForgetDirtyRows();
-  grid.SetRows(120);
-  EXPECT_LE(grid.FirstDirtyRow(), 100);
-  EXPECT_EQ(grid.LastDirtyRow(), 119);
 }
 
 TEST(Grids, EveryChangeOfTheirShapeIsCounted) {
