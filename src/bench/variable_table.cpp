@@ -13,7 +13,9 @@
 #include "link/port.h"
 #include "link/run_state.h"
 #include "link/settings.h"
+#include "ops18/eeprom.h"
 #include "ops18/write_burst.h"
+#include "panel/config_editor.h"
 
 namespace zelvo::bench {
 namespace {
@@ -103,6 +105,11 @@ const std::vector<Variable>& Variables() {
       Row("EepromReadBuffer", image::EepromReadBuffer),
       Row("ConfigBuffer", image::ConfigBuffer),
       Row("ConfigBitStrings", image::ConfigBitStrings),
+      Row("ConfigEditBits", image::ConfigEditBits),
+      Row("CellInput", panel::ConfEdit.CellInput),
+      Row("CurrentGrid", panel::ConfEdit.CurrentGrid),
+      Row("CurrentCol", panel::ConfEdit.CurrentCol),
+      Row("CurrentRow", panel::ConfEdit.CurrentRow),
       Row("IdBuffer", image::IdBuffer),
       Row("MidIdWords", image::MidIdWords),
       Row("MidIdReadWords", image::MidIdReadWords),
@@ -124,6 +131,7 @@ const std::vector<Variable>& Variables() {
       Row("OverwriteAccepted", image::OverwriteAccepted),
 
       // Writing.
+      Row("EepromAddress", ops18::EepromAddress),
       Row("RunningAddress", ops18::RunningAddress),
   };
   return table;

@@ -70,6 +70,16 @@ Variable Row(std::string_view name, const std::array<T, Size>& array) {
           }};
 }
 
+/// Row of a table in two dimensions; every element that it has can be read.
+template <Readable T, std::size_t Rows, std::size_t Columns>
+Variable Row(std::string_view name, const std::array<std::array<T, Columns>, Rows>& table) {
+  return {name, 2, [&table](std::span<const long long> at) -> std::optional<std::string> {
+            if (at[0] < 0 || at[0] >= static_cast<long long>(Rows)) return std::nullopt;
+            if (at[1] < 0 || at[1] >= static_cast<long long>(Columns)) return std::nullopt;
+            return ValueText(table[static_cast<std::size_t>(at[0])][static_cast<std::size_t>(at[1])]);
+          }};
+}
+
 /// A buffer of cells by column 0 to 8 and row 0 to `RowMax`.
 template <class T>
 concept CellsByPlace = requires(const T& buffer) {

@@ -1,5 +1,6 @@
 #include "icsp/conversions.h"
 
+#include <algorithm>
 #include <array>
 
 namespace zelvo::icsp {
@@ -38,6 +39,22 @@ void HexPairToBits(std::string_view pair) {
   }
   if (pair.size() == 1) ConvertedBits = Nibbles[0];
   for (const char digit : pair) ConvertedBits += Lookup(Nibbles, digit);
+}
+
+std::string WithHeldDigits(std::string_view pair) {
+  const std::string_view last(ConvertedBits);
+  const auto end = std::ranges::find(Nibbles, last.size() < 4 ? last : last.substr(last.size() - 4));
+  char held = end == Nibbles.end() ? '0' : Digits[end - Nibbles.begin()];
+  std::string digits;
+  for (const char digit : pair.substr(0, 2)) {
+    if (DigitValue(digit) < 0) {
+      LoadFailed = BadDigit;
+    } else {
+      held = digit;
+    }
+    digits += held;
+  }
+  return digits;
 }
 
 void HexDigitToBits(char digit) {

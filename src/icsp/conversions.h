@@ -18,6 +18,10 @@ inline int LoadFailed = 0;
 /// A character that is no upper-case hexadecimal digit yields no text and sets `LoadFailed` to 2, and so does
 /// a text longer than two, a placeholder left unfilled: it yields nothing. An empty text yields nothing.
 void HexPairToBits(std::string_view pair);
+/// `pair`, of which the first two characters count, with the digit that the last conversion ended with in
+/// place of each character that is none; such a character sets `LoadFailed` to 2. Before any conversion that
+/// digit is 0.
+[[nodiscard]] std::string WithHeldDigits(std::string_view pair);
 /// One digit becomes 4 characters in `ConvertedBits`.
 void HexDigitToBits(char digit);
 /// The same as a result; empty for a bad digit.

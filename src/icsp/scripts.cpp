@@ -10,7 +10,7 @@ std::string_view ScriptElement(int index) {
   return ScriptTable.at(static_cast<size_t>(index));
 }
 
-void RunScript(int scriptBase, int first, int last, int pause, const Placeholder& fill) {
+void RunScript(int scriptBase, int first, int last, Pause pause, const Placeholder& fill) {
   for (int i = first; i <= last; ++i) {
     std::string_view element = ScriptElement(scriptBase + i);
     if (element.size() == 4) {
@@ -20,7 +20,8 @@ void RunScript(int scriptBase, int first, int last, int pause, const Placeholder
       if (element == "NOP") return;
       ClockOutHexPair(element);
     }
-    link::Vár_Ír(pause);
+    link::Vár_Ír(pause.edgeWaits);
+    if (pause.szün) link::Szün();
   }
 }
 

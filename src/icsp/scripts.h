@@ -47,10 +47,18 @@ void FillScriptTable();
 /// What stands in place of a placeholder; a text that is none comes back unchanged.
 using Placeholder = std::function<std::string_view(std::string_view)>;
 
+/// What follows each element of a script.
+struct Pause {
+  constexpr Pause(int waits) : edgeWaits(waits) {}  // NOLINT: a number of waits is the usual pause
+  constexpr Pause(int waits, bool held) : edgeWaits(waits), szün(held) {}
+  int edgeWaits;      ///< calls of `Vár_Ír`
+  bool szün = false;  ///< then one `Szün`
+};
+inline constexpr Pause ShortPause{0, true};
+
 /// Clocks the elements `first` to `last` of the script at `scriptBase`: 4-character elements as they stand,
-/// the others as hexadecimal pairs after `fill`. Stops at "NOP". `pause` calls of `Vár_Ír` follow each
-/// element.
-void RunScript(int scriptBase, int first, int last, int pause, const Placeholder& fill);
+/// the others as hexadecimal pairs after `fill`. Stops at "NOP". `pause` follows each element.
+void RunScript(int scriptBase, int first, int last, Pause pause, const Placeholder& fill);
 /// The table pointer texts for "TCU", "TCH" and "TCL".
 [[nodiscard]] std::string_view TablePointerText(std::string_view element);
 

@@ -60,6 +60,8 @@ inline EepromCells EepromReadBuffer;  ///< the last EEPROM read
 
 inline std::array<std::string, 15> ConfigBuffer;      ///< 1..14: bytes from 300000h, erased "FF"
 inline std::array<std::string, 16> ConfigBitStrings;  ///< 1..14: the same as bits
+/// The bits under edit: [byte 1..14][column 1..8], column 1 is bit 7; "F" for a bit that is not available.
+inline std::array<std::array<std::string, 9>, 15> ConfigEditBits;
 inline std::array<std::string, 9> IdBuffer;           ///< 1..8: bytes from 200000h, erased "FF"
 inline std::array<std::int16_t, 5> MidIdWords{};      ///< 1..4: user ID words, erased 16383
 inline std::array<std::int16_t, 5> MidIdReadWords{};  ///< 1..4: the same as last read

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "devices/config_masks.h"
 #include "devices/selection.h"
 #include "icsp/conversions.h"
 #include "image/buffers.h"
@@ -78,9 +79,13 @@ void FormatFlashGrid(panel::Grid& grid) {
   FormatGrid(grid, 760, 713);
 }
 
+void FormatEepromGrid(panel::Grid& grid) {
+  FormatGrid(grid, 640, 500);
+}
+
 void FormatGrids() {
   for (panel::Grid* grid : {&Form1.MSFlexGrid1, &Form1.MSFlexGrid4}) FormatFlashGrid(*grid);
-  for (panel::Grid* grid : {&Form1.MSFlexGrid2, &Form1.MSFlexGrid3}) FormatGrid(*grid, 640, 500);
+  for (panel::Grid* grid : {&Form1.MSFlexGrid2, &Form1.MSFlexGrid3}) FormatEepromGrid(*grid);
 }
 
 void ListAlapFlash() {
@@ -99,12 +104,21 @@ void ResetIdLabels() {
   }
 }
 
-void ShowIdByte(int element, std::string_view digits) {
+std::string IdLine(std::string_view digits) {
   int code = 0;
   icsp::HexPairToValue(digits, code);
+  return " " + std::string(digits) + "        " + Cp1250(code);
+}
+
+void ShowConfigBits(int index) {
+  devices::ClearConfigList(index - 1);
+  devices::AddConfigLine(index - 1, " " + ConfigBitStrings.at(static_cast<size_t>(index)));
+}
+
+void ShowIdByte(int element, std::string_view digits) {
   panel::ListBox& list = *Form1.IdLists.at(static_cast<size_t>(element - 1));
   list.Clear();
-  list.AddItem(" " + std::string(digits) + "        " + Cp1250(code));
+  list.AddItem(IdLine(digits));
 }
 
 void ShowMidId(int word) {

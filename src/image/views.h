@@ -33,12 +33,18 @@ void SetUpGrid(panel::Grid& grid, const GridLayout& layout, int highest, std::st
 void FormatGrids();
 /// Column geometry of one Flash grid.
 void FormatFlashGrid(panel::Grid& grid);
+/// Column geometry of one EEPROM grid.
+void FormatEepromGrid(panel::Grid& grid);
 /// Rebuild the grid of the page in view with erased cells.
 void ListAlapFlash();
 void ListAlapEEPROM();
 
 /// The eight ID lists of the PIC18 page back to the erased byte.
 void ResetIdLabels();
+/// An ID byte as its lists show it: two digits and their character.
+[[nodiscard]] std::string IdLine(std::string_view digits);
+/// The list of configuration byte `index` (1..14) shows the bits of `ConfigBitStrings`.
+void ShowConfigBits(int index);
 /// ID list `element` (1..8) shows two digits and their character.
 void ShowIdByte(int element, std::string_view digits);
 /// The list of user ID word `word` (1..4) shows it in hexadecimal and decimal.

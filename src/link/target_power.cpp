@@ -1,5 +1,7 @@
 #include "link/target_power.h"
 
+#include <initializer_list>
+
 #include "link/delays.h"
 #include "link/lines.h"
 #include "link/run_state.h"
@@ -28,15 +30,20 @@ void ChangeComLine(int offset, void (*shape)(bool), bool level) {
   PortWrite();
 }
 
-/// All four lines of the printer port change in one port cycle.
-void LptLinesOff() {
+/// Lines of the printer port change in one port cycle.
+void LptLinesOff(std::initializer_list<void (*)(bool)> shapes) {
   Address(LptData);
   PortRead();
-  for (void (*shape)(bool) : {ShapeVdd, ShapeVpp, ShapePgd, ShapePgc}) {
+  for (void (*shape)(bool) : shapes) {
     shape(false);
     PortLast = PortShadow;
   }
   PortWrite();
+}
+
+void ComClockAndDataOff() {
+  ChangeComLine(UartModemControl, ShapePgd, false);
+  ChangeComLine(UartModemControl, ShapePgc, false);
 }
 
 void EnterLpt() {
@@ -68,12 +75,16 @@ void MarkVddOff() {
 
 void TargetPowerOff() {
   PaintVpp(panel::Grey);
-  if (LptMode) LptLinesOff();
+  if (LptMode) LptLinesOff({ShapeVdd, ShapeVpp, ShapePgd, ShapePgc});
   if (ComMode) {
-    ChangeComLine(UartModemControl, ShapePgd, false);
-    ChangeComLine(UartModemControl, ShapePgc, false);
+    ComClockAndDataOff();
     ChangeComLine(UartLineControl, ShapeVpp, false);
   }
+}
+
+void ClockAndDataToRest() {
+  if (LptMode) LptLinesOff({ShapePgd, ShapePgc});
+  if (ComMode) ComClockAndDataOff();
 }
 
 void TargetPowerOn() {

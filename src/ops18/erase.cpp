@@ -68,22 +68,6 @@ void ForEachWord(std::string_view list, const Use& use) {
   }
 }
 
-/// One block of an older chip. The script's closing elements are no digits and go out as eight zero bits
-/// each: these 24 clocks are all the time that the erase gets.
-void EraseOneBlock(std::string_view key) {
-  for (int i = 1; i <= OneKeyElements; ++i) {
-    std::string_view element = icsp::ScriptElement(icsp::base::BulkEraseOneKey + i);
-    if (element == "COD") element = key;
-    if (element.size() == 4) {
-      icsp::ClockOutBits(element);
-    } else {
-      icsp::HexPairToBits(element);
-      icsp::ClockOutBits(element == "NOP" || element == "L" ? "00000000" : icsp::ConvertedBits);
-    }
-    link::Vár_Ír();
-  }
-}
-
 }  // namespace
 
 bool IsOneKeyChip(std::string_view chip) {
@@ -118,8 +102,21 @@ void BulkEraseTwoKey(std::string_view first, std::string_view second) {
   EraseHold();
 }
 
+void EraseOneBlock(std::string_view key, int waits) {
+  for (int i = 1; i <= OneKeyElements; ++i) {
+    std::string_view element = icsp::ScriptElement(icsp::base::BulkEraseOneKey + i);
+    if (element == "COD") element = key;
+    if (element.size() == 4) {
+      icsp::ClockOutBits(element);
+    } else {
+      icsp::ClockOutHexPair(icsp::WithHeldDigits(element));
+    }
+    link::Vár_Ír(waits);
+  }
+}
+
 void EraseBlocksOneKey(std::string_view keys) {
-  ForEachWord(keys, EraseOneBlock);
+  ForEachWord(keys, [](std::string_view key) { EraseOneBlock(key, 1); });
 }
 
 void EraseBlocksTwoKey(std::string_view pairs) {

@@ -17,6 +17,11 @@ void BulkEraseOneKey();
 /// One code at 3C0005h and one at 3C0004h, as two hexadecimal digits each.
 void BulkEraseTwoKey(std::string_view first, std::string_view second);
 
+/// One memory of an older chip by one code at 3C0004h, `waits` edges behind each element. The script's
+/// closing elements are no digits and go out as eight zero bits each, held from the NOP before them: these 24
+/// clocks are all the time that the erase gets.
+void EraseOneBlock(std::string_view key, int waits);
+
 /// Key lists of the code-block erases, parted by blanks: one code a block, or pairs "00/81".
 [[nodiscard]] bool IsOneKeyChip(std::string_view chip);
 [[nodiscard]] bool IsTwoKeyChip(std::string_view chip);

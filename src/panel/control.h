@@ -25,7 +25,8 @@ inline constexpr Colour Grey = 14737632;  ///< indicator off
 inline constexpr Colour Red = 255;        ///< programming mode entered
 inline constexpr Colour Green = 65280;    ///< data-in line active
 inline constexpr Colour White = 16777215;
-inline constexpr Colour LightRed = 0xC0C0FF;  ///< a cell that differs
+inline constexpr Colour LightRed = 0xC0C0FF;    ///< a cell or a verdict that differs
+inline constexpr Colour LightGreen = 0xC0FFC0;  ///< a verdict of equal contents
 inline constexpr Colour ButtonFace = 0xF0F0F0;
 
 class Control {

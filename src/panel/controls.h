@@ -9,6 +9,8 @@
 
 namespace zelvo::panel {
 
+class Grid;
+
 class Label : public VisibleControl {
  public:
   Label(Window& window, std::string name, std::string caption)
@@ -53,13 +55,24 @@ class OptionButton : public CheckBox {
   using CheckBox::CheckBox;
 };
 
+/// The cell that an edit box lies over; none for a box with a place of its own.
+struct CellPlace {
+  Grid* grid = nullptr;
+  int row = 0;
+  int col = 0;
+  bool operator==(const CellPlace&) const = default;
+};
+
 class TextBox : public VisibleControl {
  public:
   TextBox(Window& window, std::string name, bool visible = true)
-      : VisibleControl(window, std::move(name), visible), Text(*this, "", &Control::Change) {}
+      : VisibleControl(window, std::move(name), visible),
+        Text(*this, "", &Control::Change),
+        Over(*this, CellPlace{}) {}
   void Reset() override {
     VisibleControl::Reset();
     Text.Reset();
+    Over.Reset();
   }
   /// Asks for the input focus; a view follows when it finds the number changed.
   void SetFocus() {
@@ -67,17 +80,21 @@ class TextBox : public VisibleControl {
     Touch();
   }
   Property<std::string> Text;
+  Property<CellPlace> Over;
   unsigned FocusRequests = 0;
 };
 
 /// A list of lines, first line first.
 class ListBox : public VisibleControl {
  public:
-  using VisibleControl::VisibleControl;
+  ListBox(Window& window, std::string name)
+      : VisibleControl(window, std::move(name)), BackColor(*this, White) {}
   void Reset() override {
     VisibleControl::Reset();
+    BackColor.Reset();
     Clear();
   }
+  Property<Colour> BackColor;
   void Clear() {
     lines_.clear();
     Touch();

@@ -1,6 +1,11 @@
-// The secondary windows: progress, review, questions of the file loader, identification.
+// The secondary windows: all of them by the includes, and here progress, questions of the file loader and
+// identification.
 #pragma once
 
+#include "panel/config_editor.h"
+#include "panel/file_windows.h"
+#include "panel/info_windows.h"
+#include "panel/review_windows.h"
 #include "panel/window.h"
 
 namespace zelvo::panel {
@@ -10,15 +15,6 @@ struct ProgressWindow : Window {
   using Window::Window;
   ProgressBar ProgressBar1{*this, "ProgressBar1"};
   CommandButton Command1{*this, "Command1", "Cancel"};
-};
-
-struct FlashOlvWindow : Window {
-  FlashOlvWindow() : Window("FlashOlv", "Flash Olvasás") {}
-  Grid MSFlexGrid1{*this, "MSFlexGrid1", 9};
-  ListBox List1{*this, "List1"};
-  CommandButton FlashPuff{*this, "FlashPuff", "Pufferbe töltés"};
-  CommandButton Command1{*this, "Command1", "Verify Puffer Feltöltése"};
-  CommandButton Mégse{*this, "Mégse", "Kilépés"};
 };
 
 struct PICAzonosWindow : Window {
@@ -41,7 +37,8 @@ struct PortCheckWindow : Window {
 
 inline ProgressWindow Állapot{"Állapot", "Flash Olvasás állapota"};
 inline ProgressWindow FlashÍrÁllapot{"FlashÍrÁllapot", "Flash Írás Állapota"};
-inline FlashOlvWindow FlashOlv;
+inline ProgressWindow EEE_Olv_Állapot{"EEE_Olv_Állapot", "EEPROM Olvasás állapota"};
+inline ProgressWindow EEE_Ír_Állapot{"EEE_Ír_Állapot", "EEPROM Írás Állapota"};
 inline PICAzonosWindow PICAzonos;
 inline OverwriteWindow FelülDialog{"FelülDialog", "ID  Location felülírása?"};
 inline OverwriteWindow ConfFelülír{"ConfFelülír", "Config Bájtok Felülírása?"};

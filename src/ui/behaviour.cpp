@@ -9,7 +9,11 @@ void AttachBehaviour() {
   AttachMainWindow();
   AttachSpeedControls();
   AttachProgressWindows();
-  AttachFlashReview();
+  AttachMemoryReviews();
+  AttachValueReviews();
+  AttachConfigEditor();
+  AttachSaveWindow();
+  AttachInformation();
   AttachIdentification();
   AttachOverwriteWindows();
 }

@@ -9,7 +9,11 @@ void AttachBehaviour();
 void AttachMainWindow();
 void AttachSpeedControls();
 void AttachProgressWindows();
-void AttachFlashReview();
+void AttachMemoryReviews();
+void AttachValueReviews();
+void AttachConfigEditor();
+void AttachSaveWindow();
+void AttachInformation();
 void AttachIdentification();
 void AttachOverwriteWindows();
 

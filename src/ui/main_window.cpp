@@ -6,11 +6,15 @@
 #include "image/fills.h"
 #include "image/hex_load.h"
 #include "link/delays.h"
+#include "link/event_log.h"
 #include "link/run_state.h"
 #include "link/target_power.h"
+#include "ops18/config_bytes.h"
+#include "ops18/eeprom.h"
 #include "ops18/erase.h"
 #include "ops18/flash_read.h"
 #include "ops18/flash_write.h"
+#include "ops18/id_locations.h"
 #include "panel/form1.h"
 #include "panel/operator.h"
 #include "panel/secondary_windows.h"
@@ -43,15 +47,28 @@ void CloseMainWindow() {
 /// A handler that fell over must not leave a chip powered, nor a speed that was only its own.
 void RestAfterFault() {
   link::TargetPowerOff();
-  panel::Állapot.Unload();
-  panel::FlashÍrÁllapot.Unload();
+  for (panel::ProgressWindow* window :
+       {&panel::Állapot, &panel::FlashÍrÁllapot, &panel::EEE_Olv_Állapot, &panel::EEE_Ír_Állapot})
+    window->Unload();
   link::WholeChipRun = false;
   link::UserAbort = false;
   link::WaitCount = link::SpeedSetting;
 }
 
-void ReadFlashClicked() {
-  if (Preflight(Verb::Read)) ops18::ReadFlash();
+/// A read of one memory.
+void AttachRead(panel::CommandButton& button, void (*read)()) {
+  button.Click = [read] {
+    if (Preflight(Verb::Read)) read();
+  };
+}
+
+/// A write of one memory; inside a whole-chip write the questions were asked before.
+void AttachWrite(panel::CommandButton& button, void (*write)()) {
+  button.Click = [write] {
+    if (!devices::ChipIsSelected()) return;
+    if (!link::WholeChipRun && !PreflightQuestions(Verb::Write)) return;
+    write();
+  };
 }
 
 void WriteFlashClicked() {
@@ -80,6 +97,32 @@ void ManualBoardClicked() {
   Form1.Check4.Value = false;
   Form1.Check6.Value = false;
   EnableWholeChipButtons();
+}
+
+void ReadWholeChip() {
+  if (!Preflight(Verb::Read)) return;
+  ops18::ReadFlash();
+  if (!ops18::HasNoEeprom(Form1.Combo1.Text.Get())) ops18::ReadEeprom();
+  ops18::ReadIdLocations();
+  ops18::ReadConfigBytes();
+  panel::Összes_Bezárása.Load();
+}
+
+/// Asks its questions with no chip selected too. The configuration comes last, so that no protection bit
+/// blocks the steps before it.
+void WriteWholeChip() {
+  if (!PreflightQuestions(Verb::Write)) return;
+  link::WholeChipRun = true;
+  ops18::WriteFlash();
+  if (!ops18::HasNoEeprom(Form1.Combo1.Text.Get())) ops18::WriteEeprom();
+  ops18::WriteIdLocations();
+  ops18::WriteConfigBytes();
+  link::WholeChipRun = false;
+}
+
+void ClearVerifyBuffer() {
+  image::FillVerifyErased();
+  link::LogEvent(Form1.List1, ":  Verify Puffer Törölve(FFFF).");
 }
 
 /// The manual board cannot verify by itself: the tick is taken back at once.
@@ -117,9 +160,18 @@ void AttachMainWindow() {
     button->Click = image::ReloadButton;
   for (panel::CommandButton* button : {&Form1.ProgFut, &Form1.Command10}) button->Click = link::ToggleVdd;
   Form1.IDazonosít.Click = IdentifyClicked;
-  Form1.FlashOl.Click = ReadFlashClicked;
+  AttachRead(Form1.FlashOl, ops18::ReadFlash);
+  AttachRead(Form1.EEPROMOlvas, ops18::ReadEeprom);
+  AttachRead(Form1.IDLocOlvas, ops18::ReadIdLocations);
+  AttachRead(Form1.ConfigOlvas, ops18::ReadConfigBytes);
+  AttachWrite(Form1.EEPROMÍr, ops18::WriteEeprom);
+  AttachWrite(Form1.IDLocÍr, ops18::WriteIdLocations);
+  AttachWrite(Form1.CinfigÍr, ops18::WriteConfigBytes);
   Form1.FlashÍr.Click = WriteFlashClicked;
   Form1.PICTörlés.Click = EraseClicked;
+  Form1.PICOlvas.Click = ReadWholeChip;
+  Form1.PICÍrás.Click = WriteWholeChip;
+  Form1.Command2.Click = ClearVerifyBuffer;
   Form1.Check8.Click = ManualBoardClicked;
   for (panel::CheckBox* box : {&Form1.Check4, &Form1.Check6})
     box->Click = [box] { RefuseOnManualBoard(*box); };

@@ -1,4 +1,4 @@
-// The progress windows of Flash reads and writes.
+// The progress windows of Flash and EEPROM.
 #include "devices/selection.h"
 #include "image/buffers.h"
 #include "link/run_state.h"
@@ -23,6 +23,8 @@ void AttachProgress(panel::ProgressWindow& window, int (*max)()) {
 void AttachProgressWindows() {
   AttachProgress(panel::Állapot, [] { return devices::FlashWordMax + 1; });
   AttachProgress(panel::FlashÍrÁllapot, [] { return image::RowsOf(devices::FlashWordMax); });
+  for (panel::ProgressWindow* window : {&panel::EEE_Olv_Állapot, &panel::EEE_Ír_Állapot})
+    AttachProgress(*window, [] { return devices::EepromMax + 1; });
 }
 
 }  // namespace zelvo::ui
