@@ -6,13 +6,16 @@
 namespace zelvo::panel {
 
 namespace {
-constexpr int DefaultColWidth = 960;  // twips
-}
+// Twips.
+constexpr int DefaultColWidth = 960;
+constexpr int DefaultRowHeight = 270;
+}  // namespace
 
 Grid::Grid(Window& window, std::string name, int cols, bool visible)
     : VisibleControl(window, std::move(name), visible),
       cols_(cols),
       cells_(static_cast<size_t>(cols)),
+      rowHeight_(1, DefaultRowHeight),
       colWidth_(static_cast<size_t>(cols), DefaultColWidth),
       colAlignment_(static_cast<size_t>(cols), 0) {}
 
@@ -20,6 +23,7 @@ void Grid::Reset() {
   VisibleControl::Reset();
   rows_ = 1;
   cells_.assign(static_cast<size_t>(cols_), Cell{});
+  rowHeight_.assign(1, DefaultRowHeight);
   std::fill(colWidth_.begin(), colWidth_.end(), DefaultColWidth);
   std::fill(colAlignment_.begin(), colAlignment_.end(), 0);
   ++layout_;
@@ -31,6 +35,7 @@ void Grid::SetRows(int rows) {
   if (rows == rows_) return;
   rows_ = rows;
   cells_.resize(static_cast<size_t>(rows_) * static_cast<size_t>(cols_));
+  rowHeight_.resize(static_cast<size_t>(rows_), DefaultRowHeight);
   ++layout_;
   Touch();
 }
@@ -48,7 +53,7 @@ void Grid::SetColAlignment(int col, int code) {
 }
 
 void Grid::SetRowHeight(int row, int twips) {
-  if (row == 0) headingHeight_ = twips;
+  rowHeight_.at(static_cast<size_t>(row)) = twips;
   ++layout_;
   Touch();
 }

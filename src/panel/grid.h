@@ -41,7 +41,7 @@ class Grid : public VisibleControl {
   void SetRowHeight(int row, int twips);
   [[nodiscard]] int ColWidth(int col) const { return colWidth_.at(static_cast<size_t>(col)); }
   [[nodiscard]] int ColAlignment(int col) const { return colAlignment_.at(static_cast<size_t>(col)); }
-  [[nodiscard]] int HeadingHeight() const { return headingHeight_; }
+  [[nodiscard]] int RowHeight(int row) const { return rowHeight_.at(static_cast<size_t>(row)); }
 
   /// Counts every change of the number of rows.
   [[nodiscard]] unsigned Layout() const { return layout_; }
@@ -63,9 +63,9 @@ class Grid : public VisibleControl {
   int cols_;
   int rows_ = 1;
   std::vector<Cell> cells_;
+  std::vector<int> rowHeight_;
   std::vector<int> colWidth_;
   std::vector<int> colAlignment_;
-  int headingHeight_ = 270;
   unsigned layout_ = 0;
 };
 

@@ -174,14 +174,14 @@ TEST(Grids, ColumnGeometryIsFixedAtTheStart) {
   session.Do("start");
   for (const panel::Grid* grid : {&Form1.MSFlexGrid1, &Form1.MSFlexGrid4}) {
     EXPECT_EQ(grid->Cols(), 9);
-    EXPECT_EQ(grid->HeadingHeight(), 270);
+    EXPECT_EQ(grid->RowHeight(0), 270);
     EXPECT_EQ(grid->ColWidth(0), 760);
     for (int col = 1; col <= 8; ++col) EXPECT_EQ(grid->ColWidth(col), 713);
     for (int col = 0; col <= 8; ++col) EXPECT_EQ(grid->ColAlignment(col), 5);
   }
   for (const panel::Grid* grid : {&Form1.MSFlexGrid2, &Form1.MSFlexGrid3}) {
     EXPECT_EQ(grid->Cols(), 9);
-    EXPECT_EQ(grid->HeadingHeight(), 270);
+    EXPECT_EQ(grid->RowHeight(0), 270);
     EXPECT_EQ(grid->ColWidth(0), 640);
     for (int col = 1; col <= 8; ++col) EXPECT_EQ(grid->ColWidth(col), 500);
     for (int col = 0; col <= 8; ++col) EXPECT_EQ(grid->ColAlignment(col), 5);

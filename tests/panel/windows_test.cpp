@@ -213,7 +213,8 @@ TEST(Grids, EveryChangeOfTheirShapeIsCounted) {
   EXPECT_EQ(grid.ColAlignment(2), 5);
   grid.SetRowHeight(0, 300);
   EXPECT_TRUE(counted());
-  EXPECT_EQ(grid.HeadingHeight(), 300);
+  EXPECT_EQ(grid.RowHeight(0), 300);
+  EXPECT_EQ(grid.RowHeight(6), 270) << "every row has its own";
   grid.SetText(3, 1, "x");
   EXPECT_FALSE(counted()) << "a cell's text is no change of shape";
 }
