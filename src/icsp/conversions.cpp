@@ -45,14 +45,14 @@ std::string WithHeldDigits(std::string_view pair) {
   const std::string_view last(ConvertedBits);
   const auto end = std::ranges::find(Nibbles, last.size() < 4 ? last : last.substr(last.size() - 4));
   char held = end == Nibbles.end() ? '0' : Digits[end - Nibbles.begin()];
-  std::string digits;
-  for (const char digit : pair.substr(0, 2)) {
+  std::string digits(pair.substr(0, 2));
+  if (digits.size() == 1) Pad(digits, 2);
+  for (char& digit : digits) {
     if (DigitValue(digit) < 0) {
       LoadFailed = BadDigit;
-    } else {
-      held = digit;
+      digit = held;
     }
-    digits += held;
+    held = digit;
   }
   return digits;
 }

@@ -18,9 +18,9 @@ inline int LoadFailed = 0;
 /// A character that is no upper-case hexadecimal digit yields no text and sets `LoadFailed` to 2, and so does
 /// a text longer than two, a placeholder left unfilled: it yields nothing. An empty text yields nothing.
 void HexPairToBits(std::string_view pair);
-/// `pair`, of which the first two characters count, with the digit that the last conversion ended with in
-/// place of each character that is none; such a character sets `LoadFailed` to 2. Before any conversion that
-/// digit is 0.
+/// `pair`, of which the first two characters count, with the digit that the conversion held before in place
+/// of each character that is none; such a character sets `LoadFailed` to 2. A single character is padded
+/// first, so that it is a 0 that was held before it. Before any conversion that digit is 0.
 [[nodiscard]] std::string WithHeldDigits(std::string_view pair);
 /// One digit becomes 4 characters in `ConvertedBits`.
 void HexDigitToBits(char digit);

@@ -59,7 +59,7 @@ void RunIdScript(int base, int first, int last) {
   icsp::ProgramPulse();
 }
 
-void WriteByChip(std::string_view chip) {
+void WriteByChip(const std::string& chip) {
   for (const IdGroup& group : Groups) {
     if (devices::ListHolds(group.chips, chip)) group.write();
   }
@@ -103,7 +103,7 @@ void WriteIdLocations() {
   link::TargetPowerOn();
   link::LogEvent(Form1.List1, ":  ID Location bájtok Írása indult.");
   PointToIds();
-  WriteByChip(Form1.Combo1.Text.Get());
+  WriteByChip(std::string(Form1.Combo1.Text));  // a copy: another choice meanwhile starts nothing more
   link::LogEvent(Form1.List1, ":  ID Location bájtok Írása Kész.");
   link::TargetPowerOff();
   link::WaitCount = link::SpeedSetting;
