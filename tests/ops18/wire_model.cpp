@@ -37,6 +37,14 @@ Lines WithoutTimes(Lines log) {
   return log;
 }
 
+void WireModel::Line(std::string line) {
+  // A port access and a pass of the pump take 1 us each, a short held pause 20 us.
+  if (line[0] == 'W' || line[0] == 'R' || line[0] == 'B') microseconds_ += 1;
+  if (line[0] == 'P') microseconds_ += passes_;
+  if (line == "D szün") microseconds_ += 20;
+  log_.push_back(std::move(line));
+}
+
 void WireModel::Event(int number, std::string_view text) {
   Line("L List1 " + std::to_string(number) + ":  TIME" + std::string(text));
 }
@@ -119,6 +127,19 @@ void WireModel::PowerOn() {
   Line("D settle");
 }
 
+void WireModel::ClockAndDataToRest() {
+  Read(OutputOffset());
+  if (kind_.com) {
+    Data(false);
+    Read(ModemControl);
+    Clock(false);
+    return;
+  }
+  SetBit(data_, LptData, false, kind_.data);
+  SetBit(data_, LptClock, false, kind_.clock);
+  Write(0, data_);
+}
+
 void WireModel::Out(std::string_view bits) {
   for (auto bit = bits.rbegin(); bit != bits.rend(); ++bit) {
     Read(OutputOffset());
@@ -145,6 +166,10 @@ void WireModel::ReadByte(int value) {
   Wait();
   Out("0000");
   Out("0000");
+  InByte(value);
+}
+
+void WireModel::InByte(int value) {
   Read(OutputOffset());
   Data(true);
   Wait();
@@ -182,6 +207,17 @@ void WireModel::Pulse() {
 
 void WireModel::Core(std::initializer_list<int> words) {
   for (const int word : words) Frame("0000", word);
+}
+
+void WireModel::HeldCore(std::initializer_list<int> words) {
+  for (const int word : words) {
+    Out("0000");
+    Line("D szün");
+    OutByte(word & 0xFF);
+    Line("D szün");
+    OutByte(word >> 8);
+    Line("D szün");
+  }
 }
 
 void WireModel::SetPointer(int address) {

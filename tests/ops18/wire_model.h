@@ -20,15 +20,20 @@ class WireModel {
   WireModel(const BoardKind& kind, long long passes) : kind_(kind), passes_(passes) { Idle(); }
 
   [[nodiscard]] const Lines& Log() const { return log_; }
+  /// Passes of one edge's wait from here on.
+  void Passes(long long passes) { passes_ = passes; }
+  /// Bench time that the log so far has taken up; the holds of timers and of the supply count nothing.
+  [[nodiscard]] long long Microseconds() const { return microseconds_; }
 
   // Lines of the log that are no port access.
-  void Line(std::string line) { log_.push_back(std::move(line)); }
+  void Line(std::string line);
   void Event(int number, std::string_view text);  ///< a line of `List1`
   void Wait(int count = 1);
 
   // The board.
   void PowerOff();
   void PowerOn();
+  void ClockAndDataToRest();
 
   // The engine. Texts have the first bit at their right end.
   void Out(std::string_view bits);
@@ -36,10 +41,14 @@ class WireModel {
   void Frame(std::string_view command, int payload);
   /// Table read with post-increment of a byte that the chip has: command, wait, dummy clocks, the byte.
   void ReadByte(int value);
+  /// Eight clocks in which the chip drives the data line.
+  void InByte(int value);
   void Pulse();
 
   // Runs of transactions.
   void Core(std::initializer_list<int> words);
+  /// The same with a short held pause behind each command and byte.
+  void HeldCore(std::initializer_list<int> words);
   void SetPointer(int address);        ///< six instructions, no pauses
   void SetPointerSlowly(int address);  ///< three waits behind each command and byte
   void CodeAccess() { Core({0x8EA6, 0x9CA6}); }
@@ -57,6 +66,7 @@ class WireModel {
 
   BoardKind kind_;
   long long passes_;
+  long long microseconds_ = 0;
   Lines log_;
   int data_ = 0;   // printer port, base+0
   int line_ = 0;   // serial port, base+3
