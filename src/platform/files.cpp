@@ -93,6 +93,8 @@ bool ReplaceFile(const std::string& path, const std::string& content) {
   const bool exists = ::stat(target.c_str(), &old) == 0;
   // A device or a pipe must not be replaced by a file, least of all by the superuser.
   if (exists && !S_ISREG(old.st_mode)) return false;
+  // The rename would not ask: a file protected against writing stays.
+  if (exists && ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) return false;
   std::string temporary = target + ".XXXXXX";
   Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
   if (file.Get() < 0) return false;

@@ -11,8 +11,8 @@ namespace zelvo::platform {
 [[nodiscard]] std::optional<std::string> ReadWholeFile(const std::string& path);
 
 /// Replaces the file by `content` through a temporary file beside it (written, synced, renamed). False when
-/// the folder or the disk refuses; the old file is then still whole. A link is followed, so that its target
-/// changes or comes into being.
+/// the folder, the disk or the old file's own protection refuses; the old file is then still whole. A link is
+/// followed, so that its target changes or comes into being.
 [[nodiscard]] bool ReplaceFile(const std::string& path, const std::string& content);
 
 }  // namespace zelvo::platform

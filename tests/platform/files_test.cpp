@@ -155,6 +155,20 @@ TEST_F(Files, AReadOnlyFolderLeavesTheOldFile) {
   EXPECT_EQ(Entries(), 1);
 }
 
+TEST_F(Files, AFileProtectedAgainstWritingStays) {
+  folder.Write("speed.ini", "old");
+  fs::permissions(path, fs::perms{0444});
+  fs::permissions(folder.Path(), fs::perms{0777});
+  const bool root = ::geteuid() == 0;
+  constexpr uid_t Nobody = 65534;
+  ASSERT_EQ(root ? ::seteuid(Nobody) : 0, 0);
+  const bool replaced = ReplaceFile(path, "new");
+  ASSERT_EQ(root ? ::seteuid(0) : 0, 0);
+  EXPECT_FALSE(replaced);
+  EXPECT_EQ(ReadWholeFile(path), "old");
+  EXPECT_EQ(Entries(), 1);
+}
+
 /// No file may grow beyond `bytes`, as on a disk that has no more room.
 void LimitFiles(rlim_t bytes) {
   const rlimit limit{bytes, RLIM_INFINITY};
