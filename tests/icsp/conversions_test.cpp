@@ -131,5 +131,62 @@ TEST(Conversions, NumbersAreWrittenInUpperCaseAndPadded) {
   EXPECT_EQ(HexPadded(0, 0), "0");
 }
 
+TEST(HeldDigits, GoodDigitsStayAndASingleOneIsPadded) {
+  for (const char* pair : {"00", "5A", "FF", "84"}) {
+    HexPairToBits("C3");
+    EXPECT_EQ(WithHeldDigits(pair), pair);
+  }
+  EXPECT_EQ(WithHeldDigits("7"), "07");
+  EXPECT_EQ(LoadFailed, 0);
+}
+
+TEST(HeldDigits, ABadDigitTakesTheOneThatTheLastConversionEndedWith) {
+  struct Row {
+    const char *before, *pair, *digits;
+    int failed;
+  };
+  const Row rows[] = {{"C3", "NO", "33", 2}, {"00", "NOP", "00", 2}, {"0F", "ff", "FF", 2},
+                      {"A0", "G5", "05", 2}, {"12", "4G", "44", 2},  {"C3", "ECM", "EC", 0},
+                      {"8", "xy", "88", 2}};
+  for (const Row& row : rows) {
+    HexPairToBits(row.before);
+    LoadFailed = 0;
+    EXPECT_EQ(WithHeldDigits(row.pair), row.digits) << row.pair << " behind " << row.before;
+    EXPECT_EQ(LoadFailed, row.failed) << row.pair;
+  }
+}
+
+TEST(HeldDigits, ALoneBadCharacterTakesTheZeroThatPadsIt) {
+  for (const char* text : {"L", "H", "-"}) {
+    HexPairToBits("FF");
+    LoadFailed = 0;
+    EXPECT_EQ(WithHeldDigits(text), "00") << text;
+    EXPECT_EQ(LoadFailed, 2);
+  }
+}
+
+TEST(HeldDigits, TheConversionOfOneDigitIsHeldToo) {
+  HexDigitToBits('9');
+  EXPECT_EQ(WithHeldDigits("--"), "99");
+}
+
+TEST(HeldDigits, BeforeAnyConversionTheDigitIsZero) {
+  ConvertedBits.clear();
+  EXPECT_EQ(WithHeldDigits("zz"), "00");
+}
+
+TEST(HeldDigits, OnlyTwoCharactersCountAndAnEmptyTextStaysEmpty) {
+  EXPECT_EQ(WithHeldDigits("123"), "12");
+  EXPECT_EQ(WithHeldDigits(""), "");
+  EXPECT_EQ(LoadFailed, 0);
+}
+
+TEST(HeldDigits, TheConversionSlotsStayAsTheyWere) {
+  HexPairToBits("C3");
+  static_cast<void>(WithHeldDigits("x1"));
+  EXPECT_EQ(ConvertedBits, "11000011");
+  EXPECT_EQ(HexPair, "C3");
+}
+
 }  // namespace
 }  // namespace zelvo::test

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "link/delays.h"
+#include "link/lines.h"
 #include "link/run_state.h"
 #include "link/target_power.h"
 #include "panel/form1.h"
@@ -33,6 +34,48 @@ TEST_P(TargetPower, TheEntryRaisesVddThenVppWithClockAndDataLowAndTheExitIdlesAl
   EXPECT_EQ(Form1.Shape1.FillColor.Get(), VppOff);
   EXPECT_EQ(Form1.Shape2.FillColor.Get(), VppOff);
   EXPECT_TRUE(SameLog(model.Take(), session.EndWire()));
+}
+
+TEST_P(TargetPower, RestIdlesClockAndDataAndLeavesThePowerOn) {
+  LineModel model = Model();
+  LineSession session(model);
+  session.BeginWire();
+  TargetPowerOn();
+  model.PowerOn();
+  // Both lines up, as the middle of an operation may leave them.
+  AddressOutput();
+  PortRead();
+  model.ReadOut(LineModel::Data);
+  ShapePgd(true);
+  PortWrite();
+  model.Move(LineModel::Data, true);
+  ShapePgc(true);
+  PortWrite();
+  model.Move(LineModel::Clock, true);
+  ClockAndDataToRest();
+  model.ReadOut(LineModel::Data);
+  Lines expected = model.Take();
+  model.Move(LineModel::Data, false);
+  if (ComMode) {
+    model.ReadOut(LineModel::Clock);
+  } else {
+    static_cast<void>(model.Take());  // both in one write
+  }
+  model.Move(LineModel::Clock, false);
+  for (const std::string& line : model.Take()) expected.push_back(line);
+  EXPECT_TRUE(SameLog(expected, session.EndWire()));
+  EXPECT_EQ(Form1.Shape1.FillColor.Get(), VppOn);
+  EXPECT_EQ(Form1.Shape2.FillColor.Get(), VppOn);
+}
+
+TEST(TargetRest, MovesNothingWithoutAnInterface) {
+  Settings settings;
+  settings.port = "&H378,USB";
+  BenchSession session(settings);
+  session.Do({"board lpt", "start"});
+  session.BeginWire();
+  ClockAndDataToRest();
+  EXPECT_EQ(session.EndWire(), Lines{});
 }
 
 TEST_P(TargetPower, TheOperatorsSwitchMovesVddAlone) {
