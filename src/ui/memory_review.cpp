@@ -83,12 +83,13 @@ void Compare(const Review& review) {
   review.verdict.AddItem(differs ? review.differs : review.equal);
 }
 
+/// The page may have been changed since the read, to one whose grid is smaller.
 template <class Review>
 void TakeOver(const Review& review) {
   panel::Grid& page = review.pageGrid();
   ForEachCell(review, [&](int row, int col) {
     review.image(col, row) = review.read(col, row);
-    page.SetText(row, col, review.read(col, row));
+    if (row < page.Rows()) page.SetText(row, col, review.read(col, row));
   });
   link::LogEvent(link::PageLog(), review.taken);
   review.window.Unload();
