@@ -65,13 +65,11 @@ struct EepromGroup {
 };
 constexpr EepromGroup Groups[] = {
     {"1220 1320 2220 2320 4220 4320", ReadEepromByteAddress, WriteEepromUnlockShort, EraseEepromOneKey},
-    {"242 252 442 452 248 258 448 458 2331 2431 4331 4431 6525 6621 8525 8621 6585 6680 8585 8680 6520 6620 "
-     "6720 "
-     "8520 8620 8720",
+    {"242 252 442 452 248 258 448 458 2331 2431 4331 4431 6525 6621 8525 8621 6585 6680 8585 8680 "
+     "6520 6620 6720 8520 8620 8720",
      ReadEepromWordAddress, WriteEepromUnlockLong, EraseEepromOneKey},
     {"2455 2550 4455 4550 2420 2520 4420 4520 2480 2580 4480 4580 2525 2620 4525 4620 2585 2680 4585 4680 "
-     "6527 "
-     "6622 6627 6722 8527 8622 8627 8722 2221 2321 4221 4321",
+     "6527 6622 6627 6722 8527 8622 8627 8722 2221 2321 4221 4321",
      ReadEepromWordAddress, WriteEepromNoUnlock, EraseEepromTwoKey},
 };
 constexpr std::string_view WithoutEeprom = "2410 2510 4410 4510 2515 2610 4515 4610";
