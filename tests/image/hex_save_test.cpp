@@ -55,26 +55,42 @@ TEST(HexSaving, AnErasedChipIsWrittenRecordByRecord) {
   EXPECT_EQ(lines[278], ":00000001FF");
 }
 
+/// A data record, with the two low bytes of its address in the checksum.
+std::string DataRecord(int address, const std::string& data) {
+  unsigned sum = static_cast<unsigned>(data.size() / 2 + static_cast<std::size_t>((address >> 8) + address));
+  for (std::size_t i = 0; i < data.size(); i += 2) {
+    sum += static_cast<unsigned>(std::stoul(data.substr(i, 2), nullptr, 16));
+  }
+  char head[32], tail[8];
+  std::snprintf(head, sizeof head, ":%02zX%04X00", data.size() / 2, static_cast<unsigned>(address));
+  std::snprintf(tail, sizeof tail, "%02X\r\n", (256 - sum % 256) % 256);
+  return head + data + tail;
+}
+
 TEST(HexSaving, TheWholeTextIsAsAnIndependentWriterMakesIt) {
-  const HexDesk desk("PIC18F1320");
-  FillWithPattern(1);
-  std::string expected = ":020000040000FA\r\n";
-  for (int row = 0; row < 512; ++row) {
-    std::string data;
-    for (int column = 0; column < 8; ++column) {
-      const std::string word(MainBuffer(column + 1, row + 1).View());
-      data += word.substr(2) + word.substr(0, 2);
+  HexDesk desk("PIC18F1320");
+  for (const char* chip : {"PIC18F1320", "PIC18F2510", "PIC18F4680", "PIC18F8627", "PIC18F6720"}) {
+    SCOPED_TRACE(chip);
+    desk.Choose(chip);
+    FillWithPattern(1);
+    std::string expected = ":020000040000FA\r\n";
+    for (int line = 0; line < (FlashWordMax + 1) / 8; ++line) {
+      std::string data;
+      for (int word = 0; word < 8; ++word) {
+        const std::string digits = desk.Word(8 * line + word);
+        data += digits.substr(2) + digits.substr(0, 2);
+      }
+      expected += DataRecord(line * 16, data);
     }
-    expected += Rec(row * 16, 0, data);
+    expected += ":020000040020DA\r\n" + DataRecord(0, AllIds()) + ":020000040030CA\r\n" +
+                DataRecord(0, AllConfigs()) + ":0200000400F00A\r\n";
+    for (int line = 0; EepromMax > 0 && line < (EepromMax + 1) / 16; ++line) {
+      std::string data;
+      for (int byte = 0; byte < 16; ++byte) data += desk.Byte(16 * line + byte);
+      expected += DataRecord(line * 16, data);
+    }
+    EXPECT_TRUE(SameLog(SplitLines(expected + ":00000001FF\r\n"), SplitLines(IntelHexText())));
   }
-  expected += ":020000040020DA\r\n" + Rec(0, 0, AllIds()) + ":020000040030CA\r\n" + Rec(0, 0, AllConfigs()) +
-              ":0200000400F00A\r\n";
-  for (int line = 0; line < 16; ++line) {
-    std::string data;
-    for (int byte = 0; byte < 16; ++byte) data += desk.Byte(16 * line + byte);
-    expected += Rec(line * 16, 0, data);
-  }
-  EXPECT_TRUE(SameLog(SplitLines(expected + ":00000001FF\r\n"), SplitLines(IntelHexText())));
 }
 
 TEST(HexSaving, AWordIsWrittenLowByteFirst) {
@@ -259,6 +275,23 @@ TEST(MchSaving, EepromCellsStandOneALineAsTheyAre) {
   const Lines lines = CrLfLines(image::MchEepromText());
   ASSERT_EQ(lines.size(), 1024u);
   for (int byte = 0; byte < 1024; ++byte) ASSERT_EQ(lines[static_cast<std::size_t>(byte)], desk.Byte(byte));
+}
+
+TEST(MchSaving, TheListsOfEveryChipAreItsMemories) {
+  HexDesk desk("PIC18F1220");
+  int seed = 0;
+  for (const std::string& chip : desk.session.Look("list Combo1")) {
+    SCOPED_TRACE(chip);
+    if (!HasLimits(chip)) continue;
+    desk.Choose(chip);
+    FillWithPattern(++seed);
+    Lines flash, eeprom;
+    for (int word = 0; word <= FlashWordMax; ++word) flash.push_back(desk.Word(word));
+    for (int byte = 0; EepromMax > 0 && byte <= EepromMax; ++byte) eeprom.push_back(desk.Byte(byte));
+    ASSERT_TRUE(SameLog(flash, SplitLines(image::MchFlashText())));
+    ASSERT_TRUE(SameLog(eeprom, SplitLines(image::MchEepromText())));
+  }
+  EXPECT_EQ(seed, 70);
 }
 
 TEST(MchSaving, WithoutEepromTheListIsEmpty) {
