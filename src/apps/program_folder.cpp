@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <array>
 
+#include "qt/shipped.h"
+
 namespace zelvo::desktop {
 namespace {
 
@@ -19,23 +21,13 @@ bool HoldsSettings(const QDir& folder) {
                      [&folder](const char* file) { return folder.exists(QLatin1String(file)); });
 }
 
-/// Beside an installed executable, or at the top of the tree that it was built in.
-QString ShippedSettings() {
-  const QDir executable(QCoreApplication::applicationDirPath());
-  for (const char* place : {"settings", "../settings", "../../settings", "../share/zelvo/settings"}) {
-    const QDir folder(executable.filePath(QLatin1String(place)));
-    if (HoldsSettings(folder)) return folder.path();
-  }
-  return {};
-}
-
 void FillNewFolder(const QDir& folder) {
-  const QString shipped = ShippedSettings();
-  if (HoldsSettings(folder) || shipped.isEmpty()) return;
+  if (HoldsSettings(folder)) return;
   for (const char* file : SettingsFiles) {
+    const QString shipped = ShippedFile(QLatin1String("settings/") + QLatin1String(file));
     const QString copy = folder.filePath(QLatin1String(file));
     // A copy that fails is told by the program itself, as a file that is missing.
-    if (!QFile::copy(QDir(shipped).filePath(QLatin1String(file)), copy)) continue;
+    if (shipped.isEmpty() || !QFile::copy(shipped, copy)) continue;
     QFile::setPermissions(copy, QFile::permissions(copy) | QFile::WriteOwner);
   }
 }

@@ -11,6 +11,7 @@
 #include <QUrl>
 #include <utility>
 
+#include "qt/shipped.h"
 #include "qt/text.h"
 
 namespace zelvo::desktop {
@@ -92,7 +93,12 @@ std::optional<std::string> Dialogs::ChooseFile(const platform::FileFilter& filte
 }
 
 void Dialogs::OpenInformationPage(const std::string& path) {
-  QDesktopServices::openUrl(QUrl::fromUserInput(Text(path)));
+  const QString page = ShippedFile(QStringLiteral("info/") + Text(path), executables_);
+  if (page.isEmpty()) {
+    Message("Az információs oldal nem található: " + path);
+  } else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(page))) {
+    Message("Az információs oldalt nem nyitotta meg egy böngésző sem:\n" + page.toStdString());
+  }
 }
 
 std::string WallClock::LocalTime() {

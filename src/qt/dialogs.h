@@ -1,6 +1,7 @@
 // Message boxes, file dialogs, the browser and the wall clock.
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <functional>
 
@@ -15,6 +16,8 @@ class Dialogs : public platform::Dialogs {
   /// `beforeBox` brings the windows up to date, so that a box never stands before its cause; `owner` tells
   /// the window that the next box belongs to, nullptr for none.
   Dialogs(std::function<void()> beforeBox, std::function<QWidget*()> owner);
+  /// Where the program's executable lies, from which the information page is found.
+  void SetExecutables(const QString& folder) { executables_ = folder; }
 
   void Message(const std::string& text) override;
   [[nodiscard]] bool AskYesNo(const std::string& text) override;
@@ -28,6 +31,7 @@ class Dialogs : public platform::Dialogs {
   std::function<void()> beforeBox_;
   std::function<QWidget*()> owner_;
   QString folder_;  ///< where the last chosen file lies
+  QString executables_ = QCoreApplication::applicationDirPath();
 };
 
 class WallClock : public platform::Clock {
