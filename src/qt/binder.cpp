@@ -37,11 +37,11 @@ void Binder::Binding::Draw() {
   const QSignalBlocker quiet(widget);
   widget->setEnabled(control->Enabled);
   widget->setToolTip(Text(control->ToolTip));
+  draw();
   // A page is shown by its stack, everything else by itself.
   if (dynamic_cast<panel::Frame*>(control) == nullptr && widget->isHidden() == control->Visible.Get()) {
     widget->setVisible(control->Visible);
   }
-  draw();
 }
 
 void Binder::Bind(panel::VisibleControl& control, QWidget* widget, std::function<void()> draw) {
@@ -70,6 +70,13 @@ void Binder::Refresh() {
 void Binder::Redraw(const panel::VisibleControl& control) {
   for (const auto& binding : bindings_) {
     if (binding->control == &control) binding->Draw();
+  }
+}
+
+void Binder::LayOverCell(const panel::TextBox& box, EditField& field) {
+  const panel::CellPlace& place = box.Over;
+  for (const auto& binding : bindings_) {
+    if (binding->control == place.grid) static_cast<GridView*>(binding->widget)->LayOver(field, place);
   }
 }
 
@@ -118,18 +125,21 @@ QRadioButton* Binder::Make(panel::OptionButton& option) {
 
 QLineEdit* Binder::Make(panel::TextBox& box) {
   auto* view = new EditField;
-  view->seenFocusRequests = box.FocusRequests;
-  Bind(box, view, [&box, view] {
+  Bind(box, view, [this, &box, view] {
     const QString text = Text(box.Text);
     if (view->text() != text) view->setText(text);
+    LayOverCell(box, *view);
     if (view->seenFocusRequests == box.FocusRequests) return;
     view->seenFocusRequests = box.FocusRequests;
-    view->setFocus(Qt::OtherFocusReason);
+    view->TakeFocus();
   });
   QObject::connect(view, &QLineEdit::textEdited, view, [&box](const QString& text) {
     static_cast<void>(panel::HandType(box, text.toStdString()));
   });
-  view->KeyPressed = [&box](panel::Key key) { static_cast<void>(panel::HandKey(box, key)); };
+  view->KeyPressed = [this, &box](panel::Key key) {
+    static_cast<void>(panel::HandKey(box, key));
+    Redraw(box);
+  };
   view->Left = [&box] { static_cast<void>(panel::HandLeave(box)); };
   return view;
 }
@@ -207,7 +217,10 @@ PageTabs* Binder::Make(panel::TabStrip& tabs) {
 
 LinesView* Binder::Make(panel::ListBox& list) {
   auto* view = new LinesView(list);
-  Bind(list, view, [view] { view->Reread(); });
+  Bind(list, view, [&list, view] {
+    view->Reread();
+    SetGround(*view, list.BackColor);
+  });
   QObject::connect(view, &QListView::clicked, view, [&list] { static_cast<void>(panel::HandClick(list)); });
   QObject::connect(view, &QListView::doubleClicked, view,
                    [&list] { static_cast<void>(panel::HandDblClick(list)); });
@@ -216,7 +229,10 @@ LinesView* Binder::Make(panel::ListBox& list) {
 
 Readout* Binder::MakeReadout(panel::ListBox& list, bool clickable) {
   auto* view = new Readout;
-  Bind(list, view, [&list, view] { view->Show(list.Lines()); });
+  Bind(list, view, [&list, view] {
+    view->Show(list.Lines());
+    SetGround(*view, list.BackColor);
+  });
   if (clickable) view->MakeClickable([&list] { static_cast<void>(panel::HandClick(list)); });
   return view;
 }

@@ -21,6 +21,7 @@ class QWidget;
 
 namespace zelvo::desktop {
 
+class EditField;
 class GridView;
 class Lamp;
 class LinesView;
@@ -72,6 +73,8 @@ class Binder {
   };
   /// Draws the control anew after the operator's act, which the panel may have refused.
   void Redraw(const panel::VisibleControl& control);
+  /// Puts an edit box over the cell that the panel names, if it names one.
+  void LayOverCell(const panel::TextBox& box, EditField& field);
 
   std::vector<std::unique_ptr<Binding>> bindings_;
 };

@@ -65,12 +65,16 @@ void Desktop::Refresh() {
   drawn_ = panel::revision;
   main_->Refresh();
   if (panel::MDIForm1.Loaded() && main_->isHidden()) main_->show();
+  for (const auto& [window, view] : secondary_) {
+    if (!window->Loaded()) view->Refresh();
+  }
+  // In the order of loading, so that the newest comes to the top.
   for (panel::Window* window : panel::LoadedWindows) {
     if (window == &panel::MDIForm1 || window == &panel::Form1) continue;
     SecondaryWindow*& view = secondary_[window];
     if (view == nullptr) view = new SecondaryWindow(*window, *main_);
+    view->Refresh();
   }
-  for (const auto& [window, view] : secondary_) view->Refresh();
 }
 
 QWidget* Desktop::DialogOwner() const {

@@ -11,6 +11,7 @@
 #include "panel/operator.h"
 #include "qt/text.h"
 #include "qt/theme.h"
+#include "qt/widgets.h"
 
 namespace zelvo::desktop {
 namespace {
@@ -32,7 +33,8 @@ class CellPainter : public QStyledItemDelegate {
     const bool label = col == 0;
     QColor ground = label ? QColor(colours::Heading) : FromPanel(model_.CellColour(row, col));
     QColor ink = label ? QColor(colours::Muted) : QColor(colours::Ink);
-    if (!label && IsBlank(text) && ground == QColor(Qt::white)) ink = QColor(colours::Faint);
+    const bool idle = IsBlank(text) || model_.IsUnused(col);
+    if (!label && idle && ground == QColor(Qt::white)) ink = QColor(colours::Faint);
     if (option.state.testFlag(QStyle::State_Selected)) {
       const QColor wash(colours::AccentWash);
       ground = ground == QColor(Qt::white) ? wash : ground.darker(108);
@@ -48,6 +50,29 @@ class CellPainter : public QStyledItemDelegate {
 
  private:
   const GridModel& model_;
+};
+
+/// Draws the headings, those of unused columns as faintly as their cells.
+class Headings : public QHeaderView {
+ public:
+  Headings(const GridModel& model, QWidget* parent) : QHeaderView(Qt::Horizontal, parent), model_(model) {}
+  /// Headings that are names stand out like the cells; others are muted.
+  void ShowNames() { ink_ = colours::Ink; }
+
+ protected:
+  void paintSection(QPainter* painter, const QRect& rect, int col) const override {
+    const int rule = std::max(1, QFontMetrics(font()).height() / 16);
+    painter->fillRect(rect, QColor(colours::Heading));
+    painter->fillRect(QRect(rect.left(), rect.bottom() + 1 - rule, rect.width(), rule),
+                      QColor(colours::Border));
+    painter->setPen(QColor(model_.IsUnused(col) ? colours::Faint : col == 0 ? colours::Muted : ink_));
+    painter->drawText(rect, Qt::AlignCenter | Qt::TextSingleLine,
+                      model_.headerData(col, Qt::Horizontal, Qt::DisplayRole).toString());
+  }
+
+ private:
+  const GridModel& model_;
+  QRgb ink_ = colours::Muted;
 };
 
 }  // namespace
@@ -78,6 +103,10 @@ QString GridModel::CellText(int dataRow, int col) const {
 
 panel::Colour GridModel::CellColour(int dataRow, int col) const {
   return dataRow + 1 < grid_.Rows() ? grid_.CellBackColor(dataRow + 1, col) : panel::White;
+}
+
+bool GridModel::IsUnused(int col) const {
+  return grid_.Text(0, col) == "X";
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
@@ -116,6 +145,7 @@ GridView::GridView(panel::Grid& grid, QWidget* parent)
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
 
   const int rowHeight = QFontMetrics(font()).height() * 5 / 4;
+  setHorizontalHeader(new Headings(*model_, this));
   verticalHeader()->hide();
   verticalHeader()->setMinimumSectionSize(rowHeight);
   verticalHeader()->setDefaultSectionSize(rowHeight);
@@ -145,17 +175,59 @@ void GridView::ConnectHand() {
 void GridView::Reread() {
   if (model_->Relayout()) {
     ShareWidth();
+    FitHeight();
     scrollToTop();
   }
   viewport()->update();
   horizontalHeader()->viewport()->update();
 }
 
-int GridView::LeastWidth() const {
+int GridView::LeastWidth(const QString& label, const QString& cell) const {
   const QFontMetrics metrics(font());
-  const int label = metrics.horizontalAdvance(QStringLiteral("Szó cím")) + CellMargin();
-  const int cell = metrics.horizontalAdvance(QStringLiteral("0 / 8")) + CellMargin();
-  return label + cell * (grid_.Cols() - 1) + verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+  const int first = metrics.horizontalAdvance(label) + CellMargin();
+  const int other = metrics.horizontalAdvance(cell) + CellMargin();
+  const int bar = whole_ ? 0 : verticalScrollBar()->sizeHint().width();
+  return first + other * (grid_.Cols() - 1) + bar + 2 * frameWidth();
+}
+
+void GridView::ShowWhole(const QString& widest) {
+  whole_ = true;
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setSelectionMode(NoSelection);
+  static_cast<Headings*>(horizontalHeader())->ShowNames();
+  setMinimumWidth(LeastWidth(widest, widest));
+  FitHeight();
+}
+
+void GridView::FitHeight() {
+  if (!whole_) return;
+  const int rows = verticalHeader()->defaultSectionSize() * (grid_.Rows() - 1);
+  setFixedHeight(horizontalHeader()->sizeHint().height() + rows + 2 * frameWidth());
+}
+
+// As a child of the viewport the box is clipped and scrolled with the cells.
+void GridView::LayOver(EditField& box, const panel::CellPlace& place) {
+  if (box.parentWidget() != viewport()) {
+    box.setParent(viewport());
+    box.setFont(font());
+    box.setAlignment(Qt::AlignCenter);
+    box.SetWayBack(*this);
+    setTabOrder(this, &box);
+  }
+  box_ = &box;
+  boxPlace_ = place;
+  PlaceBox();
+}
+
+void GridView::PlaceBox() {
+  if (box_.isNull() || box_->parentWidget() != viewport()) return;
+  box_->setGeometry(visualRect(model_->index(boxPlace_.row - 1, boxPlace_.col)));
+}
+
+void GridView::updateEditorGeometries() {
+  QTableView::updateEditorGeometries();
+  PlaceBox();
 }
 
 int GridView::CellMargin() const {
@@ -192,7 +264,11 @@ void GridView::ShareWidth() {
 void GridView::keyPressEvent(QKeyEvent* event) {
   const QModelIndex cell = currentIndex();
   const int key = event->key();
-  if (cell.isValid() && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F2)) {
+  const bool acts =
+      key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F2 || key == Qt::Key_Space;
+  if (acts && event->isAutoRepeat()) {
+    event->accept();  // the key that closed a box must not open it again
+  } else if (cell.isValid() && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F2)) {
     event->accept();
     static_cast<void>(panel::HandCellDblClick(grid_, cell.row() + 1, cell.column()));
   } else if (cell.isValid() && key == Qt::Key_Space) {

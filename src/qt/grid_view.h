@@ -3,11 +3,15 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QPointer>
 #include <QTableView>
 
+#include "panel/controls.h"
 #include "panel/grid.h"
 
 namespace zelvo::desktop {
+
+class EditField;
 
 /// Rows of the toolkit's table are the data rows; the panel's row 0 is the heading.
 class GridModel : public QAbstractTableModel {
@@ -26,6 +30,8 @@ class GridModel : public QAbstractTableModel {
   /// The text as drawn, without the blanks around it; empty for a cell that is no longer there.
   [[nodiscard]] QString CellText(int dataRow, int col) const;
   [[nodiscard]] panel::Colour CellColour(int dataRow, int col) const;
+  /// A column whose heading says that it stands for nothing on the chip.
+  [[nodiscard]] bool IsUnused(int col) const;
 
  private:
   const panel::Grid& grid_;
@@ -38,20 +44,30 @@ class GridView : public QTableView {
   GridView(panel::Grid& grid, QWidget* parent = nullptr);
   /// Draws what has changed.
   void Reread();
-  /// The width at which the texts of a Flash grid stand without being cut.
-  [[nodiscard]] int LeastWidth() const;
+  /// The width at which such texts in column 0 and in the others stand without being cut.
+  [[nodiscard]] int LeastWidth(const QString& label, const QString& cell) const;
+  /// Shows all rows at once, without scroll bars, in columns that hold a text as wide as `widest`.
+  void ShowWhole(const QString& widest);
+  /// Lays an edit box over a cell and keeps it there, however the cells move.
+  void LayOver(EditField& box, const panel::CellPlace& place);
 
  protected:
+  void updateEditorGeometries() override;
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void ConnectHand();
   void ShareWidth();
+  void FitHeight();
+  void PlaceBox();
   [[nodiscard]] int CellMargin() const;  ///< of a text, both sides together
 
   panel::Grid& grid_;
   GridModel* model_;
+  bool whole_ = false;
+  QPointer<QWidget> box_;  ///< may have moved on to another grid
+  panel::CellPlace boxPlace_;
 };
 
 }  // namespace zelvo::desktop

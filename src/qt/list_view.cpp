@@ -58,6 +58,18 @@ void LinesView::Reread() {
   }
 }
 
+void LinesView::PreferWhole() {
+  whole_ = true;
+  setUniformItemSizes(false);
+}
+
+QSize LinesView::sizeHint() const {
+  if (!whole_) return QListView::sizeHint();
+  const int borders = 2 * frameWidth() + fontMetrics().height() / 2;
+  const int rows = model_->rowCount();
+  return {sizeHintForColumn(0) + borders, sizeHintForRow(0) * rows + 2 * spacing() * (rows + 1) + borders};
+}
+
 Readout::Readout(QWidget* parent) : QLabel(parent) {
   setProperty("readout", true);
   setFont(MonospacedFont());

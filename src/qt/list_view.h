@@ -28,9 +28,13 @@ class LinesView : public QListView {
  public:
   LinesView(const panel::ListBox& list, QWidget* parent = nullptr);
   void Reread();
+  /// Wants room for all lines in their whole length.
+  void PreferWhole();
+  [[nodiscard]] QSize sizeHint() const override;
 
  private:
   LinesModel* model_;
+  bool whole_ = false;
 };
 
 /// The lines of a short list as one field, without the blanks around them.

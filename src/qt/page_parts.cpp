@@ -85,7 +85,7 @@ Card* MakeGridCard(Binder& binder, const QString& title, panel::Grid& grid) {
   auto* card = new Card(title);
   GridView* view = binder.Make(grid);
   view->setAccessibleName(title);
-  view->setMinimumWidth(view->LeastWidth());
+  view->setMinimumWidth(view->LeastWidth(QStringLiteral("Szó cím"), QStringLiteral("0 / 8")));
   card->Body()->addWidget(view, 1);
   return card;
 }

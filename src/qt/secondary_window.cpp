@@ -6,10 +6,14 @@
 #include <QPushButton>
 #include <QScreen>
 #include <algorithm>
+#include <iterator>
 
 #include "panel/operator.h"
 #include "panel/secondary_windows.h"
+#include "qt/placement.h"
 #include "qt/text.h"
+#include "qt/theme.h"
+#include "qt/window_layouts.h"
 
 namespace zelvo::desktop {
 namespace {
@@ -17,6 +21,31 @@ namespace {
 /// A window with the loader's question in front of it stands aside, above the middle.
 bool StandsAside(const panel::Window& window) {
   return dynamic_cast<const panel::OverwriteWindow*>(&window) != nullptr;
+}
+
+/// Width at which a title stands uncut between the window's icon and its buttons.
+int TitleWidth(const QWidget& window) {
+  QFont bold = window.font();
+  bold.setBold(true);
+  constexpr int Furniture = 7;  // lines of text
+  return QFontMetrics(bold).horizontalAdvance(window.windowTitle()) + Furniture * LineHeight(window);
+}
+
+/// The windows that a whole read leaves open at once, and the side of the main window that each keeps to when
+/// others are there before it: 0 is left or top, 1 right or bottom.
+struct ReviewSide {
+  const panel::Window* window;
+  double across, down;
+};
+const ReviewSide ReviewSides[] = {
+    {&panel::FlashOlv, 0.5, 0.5},   {&panel::EEPROM_Beolvas, 1, 0},  {&panel::IDLocO, 0, 1},
+    {&panel::Config_Beolvas, 0, 0}, {&panel::Összes_Bezárása, 1, 1},
+};
+
+const ReviewSide* SideOf(const panel::Window& window) {
+  const auto* side = std::find_if(std::begin(ReviewSides), std::end(ReviewSides),
+                                  [&window](const ReviewSide& one) { return one.window == &window; });
+  return side == std::end(ReviewSides) ? nullptr : side;
 }
 
 }  // namespace
@@ -35,24 +64,47 @@ void SecondaryWindow::Refresh() {
   const QString title = Text(window_.Caption).simplified();
   if (windowTitle() != title) setWindowTitle(title);
   binder_.Refresh();
+  if (placed_ && !isHidden()) return;
   if (!placed_) Place();
-  if (isHidden()) {
-    show();
-    raise();
-    activateWindow();
-  }
+  show();
+  raise();
+  activateWindow();
 }
 
 void SecondaryWindow::Place() {
   placed_ = true;
   const QRect room = owner_.screen()->availableGeometry();
-  resize(sizeHint().boundedTo(room.size() * 0.92));
-  const QPoint middle = owner_.frameGeometry().center();
-  const int rise = StandsAside(window_) ? height() : height() / 2;
-  const int aside = StandsAside(window_) ? fontMetrics().height() * 6 : 0;
-  const QPoint corner(middle.x() - width() / 2, middle.y() - rise - aside);
-  move(std::clamp(corner.x(), room.left(), std::max(room.left(), room.right() - width())),
-       std::clamp(corner.y(), room.top(), std::max(room.top(), room.bottom() - height())));
+  // A window has a frame only once it is shown; that of the main window is as wide.
+  const QSize borders = owner_.frameGeometry().size() - owner_.size();
+  const QSize wanted = sizeHint().expandedTo(QSize(TitleWidth(*this), 0));
+  resize(wanted.boundedTo(room.size() * 0.92 - borders));
+  const std::vector<QRect> others = OtherReviews(borders);
+  const QRect wish = Within(WishedPlace(size() + borders, room, others.empty()), room);
+  move((others.empty() ? wish : LeastCovering(wish, room, others)).topLeft());
+}
+
+QRect SecondaryWindow::WishedPlace(const QSize& frame, const QRect& room, bool alone) const {
+  const QRect owner = owner_.frameGeometry() & room;
+  QRect place(QPoint(), frame);
+  place.moveCenter(owner.center());
+  if (StandsAside(window_)) place.moveBottom(owner.center().y() - fontMetrics().height() * 6);
+  const ReviewSide* side = SideOf(window_);
+  if (side == nullptr || (alone && &window_ != &panel::Összes_Bezárása)) return place;
+  const QSize play = owner.size() - frame;
+  place.moveTopLeft(owner.topLeft() + QPoint(static_cast<int>(play.width() * side->across),
+                                             static_cast<int>(play.height() * side->down)));
+  return place;
+}
+
+std::vector<QRect> SecondaryWindow::OtherReviews(const QSize& borders) const {
+  std::vector<QRect> places;
+  if (SideOf(window_) == nullptr) return places;
+  for (const QObject* sibling : owner_.children()) {
+    const auto* view = dynamic_cast<const SecondaryWindow*>(sibling);
+    if (view == nullptr || view == this || view->isHidden() || SideOf(view->window_) == nullptr) continue;
+    places.emplace_back(view->pos(), view->size() + borders);
+  }
+  return places;
 }
 
 void SecondaryWindow::closeEvent(QCloseEvent* event) {
@@ -61,11 +113,13 @@ void SecondaryWindow::closeEvent(QCloseEvent* event) {
   Refresh();
 }
 
-// Escape presses the button that leaves the window.
+// Escape presses the button that leaves the window. The key that closed an edit box must not close the window
+// too by being held.
 void SecondaryWindow::keyPressEvent(QKeyEvent* event) {
-  for (const char* way : {"Mégse", "Command1"}) {
+  for (const char* way : {"Nem", "Megse", "Mégse", "Command1"}) {
     auto* button = findChild<QPushButton*>(QString::fromUtf8(way));
-    if (event->key() != Qt::Key_Escape || button == nullptr || !button->isVisible()) continue;
+    if (event->key() != Qt::Key_Escape || event->isAutoRepeat() || button == nullptr || !button->isVisible())
+      continue;
     event->accept();
     button->click();
     return;

@@ -3,10 +3,9 @@
 #pragma once
 
 #include <QWidget>
+#include <vector>
 
 #include "qt/binder.h"
-
-class QBoxLayout;
 
 namespace zelvo::desktop {
 
@@ -25,15 +24,15 @@ class SecondaryWindow : public QWidget {
 
  private:
   void Place();
+  /// Where the window would like to stand; `alone` among the reviews, one takes the middle.
+  [[nodiscard]] QRect WishedPlace(const QSize& frame, const QRect& room, bool alone) const;
+  /// The places of the other reviews that can be seen.
+  [[nodiscard]] std::vector<QRect> OtherReviews(const QSize& borders) const;
 
   panel::Window& window_;
   QWidget& owner_;
   Binder binder_;
   bool placed_ = false;
 };
-
-/// Fills a secondary window with the views of the panel's controls. Windows without a layout of their own get
-/// one after the kinds of their controls.
-void LayOutWindow(panel::Window& window, Binder& binder, QWidget& view);
 
 }  // namespace zelvo::desktop

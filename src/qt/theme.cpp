@@ -122,6 +122,17 @@ QColor FromPanel(panel::Colour colour) {
   return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
 }
 
+void SetGround(QWidget& list, panel::Colour colour) {
+  QString sheet;
+  if (colour != panel::White) {
+    const QColor ground = FromPanel(colour);
+    const QColor ink = qGray(ground.rgb()) > 127 ? QColor(colours::Ink) : QColor(colours::Card);
+    sheet = QStringLiteral(".QListView, .QLabel { background: %1; color: %2; border-color: %3; }")
+                .arg(ground.name(), ink.name(), ground.darker(115).name());
+  }
+  if (list.styleSheet() != sheet) list.setStyleSheet(sheet);
+}
+
 QIcon ChipIcon() {
   QIcon icon;
   for (const int side : {16, 32, 48, 128}) {

@@ -14,6 +14,24 @@ void EditField::keyPressEvent(QKeyEvent* event) {
     return;
   }
   QLineEdit::keyPressEvent(event);
+  if (wayBack_ != nullptr) event->accept();  // else an arrow key would move the cell under the box
+}
+
+void EditField::TakeFocus() {
+  wantsFocus_ = !isVisible();
+  if (wantsFocus_) return;
+  setFocus(Qt::OtherFocusReason);
+  if (wayBack_ != nullptr) selectAll();
+}
+
+void EditField::showEvent(QShowEvent* event) {
+  QLineEdit::showEvent(event);
+  if (wantsFocus_) TakeFocus();
+}
+
+void EditField::hideEvent(QHideEvent* event) {
+  QLineEdit::hideEvent(event);
+  if (hasFocus() && wayBack_ != nullptr) wayBack_->setFocus(Qt::OtherFocusReason);
 }
 
 void EditField::focusOutEvent(QFocusEvent* event) {

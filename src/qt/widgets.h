@@ -3,6 +3,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QSlider>
 #include <functional>
@@ -12,7 +13,8 @@
 namespace zelvo::desktop {
 
 /// An edit box that tells of Enter, Escape and of being left for another control. A message box in front of
-/// it and a change to another program are not leaving.
+/// it and a change to another program are not leaving. Over a cell, where it opens with the old value, its
+/// text is marked with the caret at the end, so that the new value replaces it.
 class EditField : public QLineEdit {
  public:
   using QLineEdit::QLineEdit;
@@ -20,9 +22,20 @@ class EditField : public QLineEdit {
   std::function<void()> Left;
   unsigned seenFocusRequests = 0;
 
+  /// Takes the focus, at once or as soon as the box is shown.
+  void TakeFocus();
+  /// The grid that the box lies on: it gets the focus when the box goes.
+  void SetWayBack(QWidget& grid) { wayBack_ = &grid; }
+
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  QPointer<QWidget> wayBack_;
+  bool wantsFocus_ = false;
 };
 
 /// A button that a held key presses once: with a run behind each press, repeats would stack up inside each

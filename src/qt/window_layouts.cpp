@@ -1,4 +1,6 @@
-// The layouts of the secondary windows: a table of those that are more than their controls in a row.
+// The layouts of the small windows of a run, and of windows that are no more than their controls in a row.
+#include "qt/window_layouts.h"
+
 #include <QBoxLayout>
 #include <QFrame>
 #include <QGridLayout>
@@ -8,21 +10,13 @@
 #include <utility>
 
 #include "panel/secondary_windows.h"
+#include "qt/binder.h"
 #include "qt/grid_view.h"
 #include "qt/list_view.h"
-#include "qt/secondary_window.h"
-#include "qt/text.h"
 #include "qt/theme.h"
 
 namespace zelvo::desktop {
 namespace {
-
-QHBoxLayout* MakeButtonRow(Binder& binder, std::initializer_list<panel::CommandButton*> buttons) {
-  auto* row = new QHBoxLayout;
-  row->addStretch(1);
-  for (panel::CommandButton* button : buttons) row->addWidget(binder.Make(*button));
-  return row;
-}
 
 void LayOutProgress(panel::ProgressWindow& window, Binder& binder, QWidget& view, QVBoxLayout& layout) {
   QProgressBar* bar = binder.Make(window.ProgressBar1);
@@ -44,19 +38,6 @@ void LayOutProgress(panel::ProgressWindow& window, Binder& binder, QWidget& view
   layout.addLayout(row);
 }
 
-void LayOutReview(panel::FlashOlvWindow& window, Binder& binder, QWidget& view, QVBoxLayout& layout) {
-  Readout* verdict = binder.MakeReadout(window.List1);
-  verdict->setFont(view.font());
-  verdict->setAlignment(Qt::AlignCenter);
-  layout.addWidget(verdict);
-  GridView* grid = binder.Make(window.MSFlexGrid1);
-  const QFontMetrics metrics(grid->font());
-  grid->setMinimumWidth(metrics.horizontalAdvance(QLatin1Char('0')) * 66);
-  layout.addWidget(grid, 1);
-  grid->setMinimumHeight(metrics.height() * 24);
-  layout.addLayout(MakeButtonRow(binder, {&window.FlashPuff, &window.Command1, &window.Mégse}));
-}
-
 void LayOutIdentification(panel::PICAzonosWindow& window, Binder& binder, QWidget& view,
                           QVBoxLayout& layout) {
   Readout* lines = binder.MakeReadout(window.PICazon);
@@ -74,14 +55,6 @@ void LayOutOverwrite(panel::OverwriteWindow& window, Binder& binder, QWidget& vi
   layout.addWidget(lines, 1);
 }
 
-template <class Kind>
-bool LaidOutAs(void (*layOut)(Kind&, Binder&, QWidget&, QVBoxLayout&), panel::Window& window, Binder& binder,
-               QWidget& view, QVBoxLayout& layout) {
-  auto* kind = dynamic_cast<Kind*>(&window);
-  if (kind != nullptr) layOut(*kind, binder, view, layout);
-  return kind != nullptr;
-}
-
 /// Any other window: a label stands in front of what follows it, grids and lists take the room, buttons close
 /// the window off in rows of three.
 void LayOutByKinds(panel::Window& window, Binder& binder, QVBoxLayout& layout) {
@@ -94,7 +67,8 @@ void LayOutByKinds(panel::Window& window, Binder& binder, QVBoxLayout& layout) {
   int button = 0;
   for (panel::Control* control : window.Controls()) {
     QWidget* widget = binder.MakeAny(*control);
-    if (widget == nullptr) continue;
+    if (widget == nullptr || widget->parentWidget() != nullptr)
+      continue;  // a box over a cell is in its place
     if (dynamic_cast<QPushButton*>(widget) != nullptr) {
       buttons->addWidget(widget, button / ButtonsPerRow, button % ButtonsPerRow);
       ++button;
@@ -120,15 +94,24 @@ void LayOutByKinds(panel::Window& window, Binder& binder, QVBoxLayout& layout) {
 
 }  // namespace
 
+QHBoxLayout* MakeButtonRow(Binder& binder, std::initializer_list<panel::CommandButton*> buttons) {
+  auto* row = new QHBoxLayout;
+  row->addStretch(1);
+  for (panel::CommandButton* button : buttons) row->addWidget(binder.Make(*button));
+  return row;
+}
+
 void LayOutWindow(panel::Window& window, Binder& binder, QWidget& view) {
   const int line = LineHeight(view);
   auto* layout = new QVBoxLayout(&view);
   layout->setContentsMargins(line, line, line, line);
   layout->setSpacing(line * 2 / 3);
   const bool own = LaidOutAs(LayOutProgress, window, binder, view, *layout) ||
-                   LaidOutAs(LayOutReview, window, binder, view, *layout) ||
                    LaidOutAs(LayOutIdentification, window, binder, view, *layout) ||
-                   LaidOutAs(LayOutOverwrite, window, binder, view, *layout);
+                   LaidOutAs(LayOutOverwrite, window, binder, view, *layout) ||
+                   LaidOutAsReview(window, binder, view, *layout) ||
+                   LaidOutAsEditor(window, binder, view, *layout) ||
+                   LaidOutAsInformation(window, binder, view, *layout);
   if (!own) LayOutByKinds(window, binder, *layout);
 }
 

@@ -3,7 +3,10 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QWindow>
 #include <filesystem>
 #include <utility>
 
@@ -68,6 +71,21 @@ void SessionTest::Choose(const std::string& chip) {
   Settle();
 }
 
+void SessionTest::Click(const std::string& button) {
+  QTest::mouseClick(Find<QPushButton>(button), Qt::LeftButton);
+}
+
+void SessionTest::LoadFile(const std::string& path) {
+  WhenModal([path](QWidget& modal) {
+    auto* name = modal.findChild<QLineEdit*>();
+    ASSERT_NE(name, nullptr);
+    name->setText(QString::fromStdString(path));
+    QTest::keyClick(name, Qt::Key_Return);
+  });
+  Click("FájlBetölt");
+  Settle();
+}
+
 std::vector<std::string> SessionTest::Log() {
   std::vector<std::string> texts;
   for (const std::string& line : panel::Form1.List1.Lines()) {
@@ -75,6 +93,33 @@ std::vector<std::string> SessionTest::Log() {
     texts.push_back(line.substr(std::min(line.size(), counter + 3 + 8)));
   }
   return texts;
+}
+
+QRect OnScreen(const QWidget& widget) {
+  return {widget.mapToGlobal(QPoint()), widget.size()};
+}
+
+namespace {
+
+QPoint InWindow(const QWidget& widget, const QPoint& at) {
+  return widget.mapTo(widget.window(), at);
+}
+
+}  // namespace
+
+void NativeClick(QWidget& widget, const QPoint& at) {
+  QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {}, InWindow(widget, at));
+}
+
+void NativeDoubleClick(QWidget& widget, const QPoint& at) {
+  QTest::mouseDClick(widget.window()->windowHandle(), Qt::LeftButton, {}, InWindow(widget, at));
+}
+
+void HoldKey(QWidget& widget, Qt::Key key) {
+  for (int repeat = 0; repeat < 3; ++repeat) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+    QApplication::sendEvent(&widget, &press);
+  }
 }
 
 void WhenModal(std::function<void(QWidget&)> act) {

@@ -61,6 +61,10 @@ class SessionTest : public DeskTest {
   static void SetSpeed(int value, bool tenfold);
   /// Chooses a chip in its list with the mouse.
   void Choose(const std::string& chip);
+  /// Presses a button of the main window with the mouse.
+  void Click(const std::string& button);
+  /// Loads a HEX file through the file dialog.
+  void LoadFile(const std::string& path);
   /// The texts of the log, the newest first, without counter and time.
   static std::vector<std::string> Log();
 
@@ -69,8 +73,18 @@ class SessionTest : public DeskTest {
   std::string folder;
 };
 
+/// A file that fills Flash, EEPROM, ID locations and configuration of a PIC18F452.
+inline constexpr auto BlinkerFile = ZELVO_SOURCE_DIR "/examples/blinker.hex";
+
 /// Presses `button` of the message box that comes up next and gives its text to `text`.
 void AnswerNextBox(const QString& button, std::string* text = nullptr);
+/// The part of the screen that a widget covers.
+QRect OnScreen(const QWidget& widget);
+/// A click and a double click as the window system delivers them, on a place of a widget.
+void NativeClick(QWidget& widget, const QPoint& at);
+void NativeDoubleClick(QWidget& widget, const QPoint& at);
+/// A press of a key as it comes again and again while the key is held.
+void HoldKey(QWidget& widget, Qt::Key key);
 /// Runs `act` as soon as a modal window stands; gives it the window.
 void WhenModal(std::function<void(QWidget&)> act);
 

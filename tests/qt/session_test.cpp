@@ -24,8 +24,6 @@ namespace {
 using desktop::MonotonicNow;
 using panel::Form1;
 
-constexpr auto BlinkerFile = ZELVO_SOURCE_DIR "/examples/blinker.hex";
-
 /// A click with the mouse on the middle of a widget, as the window system delivers it: into the event queue.
 /// May be called from another thread.
 void PostClick(QWidget* widget, const QPoint& at) {
@@ -39,16 +37,6 @@ void PostClick(QWidget* widget, const QPoint& at) {
 
 class Session : public SessionTest {
  protected:
-  void Click(const std::string& button) { QTest::mouseClick(Find<QPushButton>(button), Qt::LeftButton); }
-  void LoadBlinker() {
-    WhenModal([](QWidget& modal) {
-      auto* name = modal.findChild<QLineEdit*>();
-      ASSERT_NE(name, nullptr);
-      name->setText(QLatin1String(BlinkerFile));
-      QTest::keyClick(name, Qt::Key_Return);
-    });
-    Click("FájlBetölt");
-  }
   /// The fastest setting: hardly a pass between two edges.
   void PrepareFastRun() {
     Start();
@@ -71,7 +59,7 @@ TEST_F(Session, PutsAHexFileOntoAChipAndBack) {
   desktop::Probapad pad(machine);
   PrepareFastRun();
   pad.ShowBeside(desk.Main());
-  LoadBlinker();
+  LoadFile(BlinkerFile);
   Click("PICTörlés");
   Click("FlashÍr");
   Click("FlashOl");
@@ -112,7 +100,7 @@ TEST_F(Session, CancelEndsAReadWithoutAReview) {
 
 TEST_F(Session, ClicksOnCancelAndOnATabAreServedDuringAFlashWrite) {
   PrepareFastRun();
-  LoadBlinker();
+  LoadFile(BlinkerFile);
   std::atomic<std::int64_t> posted = 0;
   std::vector<double> waited;
   const auto served = [&] {
