@@ -1,11 +1,13 @@
 #include "bench/variables.h"
 #include "devices/config_masks.h"
 #include "devices/identification.h"
+#include "devices/mid_range_identification.h"
 #include "devices/selection.h"
 #include "icsp/conversions.h"
 #include "icsp/pic18_engine.h"
 #include "icsp/scripts.h"
 #include "image/buffers.h"
+#include "image/eeprom_walk.h"
 #include "image/hex_lines.h"
 #include "image/hex_load.h"
 #include "link/delays.h"
@@ -13,8 +15,10 @@
 #include "link/port.h"
 #include "link/run_state.h"
 #include "link/settings.h"
-#include "ops18/eeprom.h"
 #include "ops18/write_burst.h"
+#include "opsmid/config_id.h"
+#include "opsmid/eeprom.h"
+#include "opsmid/flash.h"
 #include "panel/config_editor.h"
 
 namespace zelvo::bench {
@@ -106,6 +110,10 @@ const std::vector<Variable>& Variables() {
       Row("ConfigBuffer", image::ConfigBuffer),
       Row("ConfigBitStrings", image::ConfigBitStrings),
       Row("ConfigEditBits", image::ConfigEditBits),
+      Row("ConfigWord1Names", image::ConfigWord1Names),
+      Row("ConfigWord2Names", image::ConfigWord2Names),
+      Row("ConfigWord1Used", image::ConfigWord1Used),
+      Row("ConfigWord2Used", image::ConfigWord2Used),
       Row("CellInput", panel::ConfEdit.CellInput),
       Row("CurrentGrid", panel::ConfEdit.CurrentGrid),
       Row("CurrentCol", panel::ConfEdit.CurrentCol),
@@ -130,8 +138,16 @@ const std::vector<Variable>& Variables() {
       Row("HexLineIndex", image::HexLineIndex),
       Row("OverwriteAccepted", image::OverwriteAccepted),
 
-      // Writing.
-      Row("EepromAddress", ops18::EepromAddress),
+      // Reading and writing.
+      Row("WordCounter", opsmid::WordCounter),
+      Row("WriteProgress", opsmid::WriteProgress),
+      Row("LatchCount", opsmid::LatchCount),
+      Row("EepromWriteCount", opsmid::EepromWriteCount),
+      Row("MidEraseRun", devices::MidEraseRun),
+      Row("ChipIdValue", devices::ChipIdValue),
+      Row("MidConfigValue1", opsmid::MidConfigValue1),
+      Row("MidConfigValue2", opsmid::MidConfigValue2),
+      Row("EepromAddress", image::EepromAddress),
       Row("RunningAddress", ops18::RunningAddress),
   };
   return table;

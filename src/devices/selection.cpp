@@ -13,8 +13,6 @@ using panel::Form1;
 
 namespace {
 
-const std::string NoChipLine = std::string(42, ' ') + "Nincs PIC Kiválasztva";
-
 /// A name that stands in no list; its row has been in the selection from the start.
 constexpr Pic18Entry UnlistedRow{"26", 32767, 1023, "8680", "", "PIC18F8680"};
 
@@ -94,9 +92,9 @@ bool ChipIsSelected() {
   return false;
 }
 
-void ShowNoChipSelected() {
-  Form1.List2.AddItem(NoChipLine);
-  Form1.List5.AddItem(NoChipLine);
+void ShowNoChipSelected(panel::ListBox& summary) {
+  summary.Clear();
+  summary.AddItem(std::string(42, ' ') + "Nincs PIC Kiválasztva");
 }
 
 }  // namespace zelvo::devices

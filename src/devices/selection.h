@@ -4,6 +4,8 @@
 #include <functional>
 #include <string>
 
+#include "panel/controls.h"
+
 namespace zelvo::devices {
 
 inline int FlashWordMax = 0;      ///< highest Flash word index; 0: no chip is selected
@@ -33,7 +35,7 @@ void SelectChip();
 /// True when a chip is selected; else the operator is told that none is.
 [[nodiscard]] bool ChipIsSelected();
 
-/// The summary lists of both pages say that no chip is selected.
-void ShowNoChipSelected();
+/// The summary list of a page says that no chip is selected.
+void ShowNoChipSelected(panel::ListBox& summary);
 
 }  // namespace zelvo::devices

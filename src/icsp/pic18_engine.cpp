@@ -52,23 +52,31 @@ void ClockOutBits(std::string_view bits) {
   }
 }
 
-int ClockInBits() {
-  if (!AddressOutput()) return 0;
+bool ReleaseData() {
+  if (!AddressOutput()) return false;
   PortRead();
   ShapePgd(true);
   PortWrite();
   Vár_Ír();
+  return true;
+}
+
+int ClockInRaw() {
+  FlipPgcAndWait();
+  FlipPgc();
+  PortWrite();
+  AddressInput();
+  PortRead();
+  const int sample = PortLast & InputBit();
+  AddressOutput();
+  Vár_Ír();
+  return sample;
+}
+
+int ClockInBits() {
+  if (!ReleaseData()) return 0;
   int value = 0;
-  for (size_t i = 1; i <= 8; ++i) {
-    FlipPgcAndWait();
-    FlipPgc();
-    PortWrite();
-    AddressInput();
-    PortRead();
-    BitSamples[i] = PortLast & InputBit();
-    AddressOutput();
-    Vár_Ír();
-  }
+  for (size_t i = 1; i <= 8; ++i) BitSamples[i] = ClockInRaw();
   for (size_t i = 1; i <= 8; ++i) {
     if (BitSamples[i] == 0) value += 1 << (i - 1);
   }

@@ -16,6 +16,11 @@ void ClockOutBits(std::string_view bits);
 /// Clocks 8 bits in, least significant first, with PGD released high; gives 0..255. A silent chip gives 255
 /// or 0, as the board has it; without an interface the value is 0.
 [[nodiscard]] int ClockInBits();
+/// Releases the data line, high, so that the chip can drive it, with one wait. False without an interface.
+[[nodiscard]] bool ReleaseData();
+/// One clock with the data line released; gives the raw level of the input behind its fall, as the input bit
+/// or 0.
+[[nodiscard]] int ClockInRaw();
 /// Three clocks with PGD 0, the fourth clock left high.
 void ProgramClockStart();
 /// NOP with its fourth clock held for the programming time P9, low for P10, then the 16 payload bits.

@@ -62,6 +62,10 @@ inline std::array<std::string, 15> ConfigBuffer;      ///< 1..14: bytes from 300
 inline std::array<std::string, 16> ConfigBitStrings;  ///< 1..14: the same as bits
 /// The bits under edit: [byte 1..14][column 1..8], column 1 is bit 7; "F" for a bit that is not available.
 inline std::array<std::array<std::string, 9>, 15> ConfigEditBits;
+// The bits of the mid-range configuration words under edit, 1..14 from bit 13 down: names ("X" for a bit
+// without function) and whether they can be edited.
+inline std::array<std::string, 16> ConfigWord1Names, ConfigWord2Names;
+inline std::array<bool, 16> ConfigWord1Used{}, ConfigWord2Used{};
 inline std::array<std::string, 9> IdBuffer;           ///< 1..8: bytes from 200000h, erased "FF"
 inline std::array<std::int16_t, 5> MidIdWords{};      ///< 1..4: user ID words, erased 16383
 inline std::array<std::int16_t, 5> MidIdReadWords{};  ///< 1..4: the same as last read

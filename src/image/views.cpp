@@ -121,11 +121,14 @@ void ShowIdByte(int element, std::string_view digits) {
   list.AddItem(IdLine(digits));
 }
 
+std::string MidIdLine(std::int16_t value) {
+  return icsp::HexPadded(static_cast<std::uint16_t>(value), 1) + "h, " + std::to_string(value) + "dec";
+}
+
 void ShowMidId(int word) {
-  const std::int16_t value = MidIdWords.at(static_cast<size_t>(word));
   panel::ListBox& list = *Form1.MidIdLists.at(static_cast<size_t>(word - 1));
   list.Clear();
-  list.AddItem(icsp::HexPadded(static_cast<std::uint16_t>(value), 1) + "h, " + std::to_string(value) + "dec");
+  list.AddItem(MidIdLine(MidIdWords.at(static_cast<size_t>(word))));
 }
 
 std::string Cp1250(int code) {

@@ -1,6 +1,7 @@
 // The grids and lists through which the operator sees the image.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -47,6 +48,8 @@ void ResetIdLabels();
 void ShowConfigBits(int index);
 /// ID list `element` (1..8) shows two digits and their character.
 void ShowIdByte(int element, std::string_view digits);
+/// A user ID word as its list shows it, in hexadecimal and decimal.
+[[nodiscard]] std::string MidIdLine(std::int16_t value);
 /// The list of user ID word `word` (1..4) shows it in hexadecimal and decimal.
 void ShowMidId(int word);
 /// A character of code page 1250 in UTF-8. `code` 0..255.

@@ -9,6 +9,7 @@
 #include "icsp/pic18_engine.h"
 #include "icsp/scripts.h"
 #include "image/buffers.h"
+#include "image/eeprom_walk.h"
 #include "image/views.h"
 #include "link/delays.h"
 #include "link/event_log.h"
@@ -28,8 +29,7 @@ using panel::Form1;
 namespace {
 
 using icsp::ShortPause;
-
-constexpr int Columns = 8;
+using image::EepromAddress;
 
 struct ReadScript {
   int base;
@@ -99,24 +99,6 @@ void RunStretch(int base, Stretch stretch, int addressDigits, std::string_view d
   });
 }
 
-/// Calls `use` with column and row of each byte of the chosen chip, in order of addresses, until it gives
-/// false. The chip's size counts as it is at the start: choosing a chip or a page meanwhile does not end the
-/// walk.
-template <class Use>
-void WalkBytes(panel::ProgressWindow& window, const Use& use) {
-  window.Load();
-  const int rows = image::RowsOf(devices::EepromMax);
-  for (int row = 1; row <= rows; ++row) {
-    for (int column = 1; column <= Columns; ++column) {
-      link::StepProgress(window, EepromAddress);
-      if (use(column, row)) continue;
-      window.Unload();
-      return;
-    }
-  }
-  window.Unload();
-}
-
 int ShiftOutTablat() {
   icsp::ClockOutBits("0010");
   icsp::ClockOutBits("00000000");
@@ -126,12 +108,14 @@ int ShiftOutTablat() {
 void ReadBytes(const ReadScript& script) {
   EepromAddress = 0;
   link::WaitCount = std::floor(link::SpeedSetting / 8);
-  WalkBytes(panel::EEE_Olv_Állapot, [&script](int column, int row) {
+  panel::EEE_Olv_Állapot.Load();
+  image::WalkEeprom(panel::EEE_Olv_Állapot, EepromAddress, [&script](int column, int row) {
     RunStretch(script.base, {1, script.elements}, script.addressDigits);
     ++EepromAddress;
     image::EepromReadBuffer(column, row) = icsp::HexPadded(static_cast<std::uint32_t>(ShiftOutTablat()), 2);
     return !link::UserAbort;
   });
+  panel::EEE_Olv_Állapot.Unload();
   link::TargetPowerOff();
   panel::EEPROM_Beolvas.Unload();
   if (!link::UserAbort) panel::EEPROM_Beolvas.Load();
@@ -164,7 +148,8 @@ void WriteBytes(const WriteScript& script) {
   link::WaitCount = std::floor(link::SpeedSetting * 4);
   RunStretch(script.base, script.prefix, script.addressDigits);
   link::ClockAndDataToRest();
-  WalkBytes(panel::EEE_Ír_Állapot, [&script](int column, int row) {
+  panel::EEE_Ír_Állapot.Load();
+  image::WalkEeprom(panel::EEE_Ír_Állapot, EepromAddress, [&script](int column, int row) {
     const image::Cell cell = image::EepromBuffer(column, row);
     if (!(cell == image::ErasedByte)) {
       RunStretch(script.base, script.byte, script.addressDigits, cell);
@@ -174,6 +159,7 @@ void WriteBytes(const WriteScript& script) {
     ++EepromAddress;
     return true;
   });
+  panel::EEE_Ír_Állapot.Unload();
   link::WaitCount = link::SpeedSetting;
 }
 

@@ -6,8 +6,6 @@
 
 namespace zelvo::ops18 {
 
-inline int EepromAddress = 0;  ///< of the byte being read or written
-
 /// Reads `EepromMax` + 1 bytes into `EepromReadBuffer`, at an eighth of the speed setting's waits, and opens
 /// the review unless the operator cancelled. Powers the target up and down. A chip without EEPROM is told.
 void ReadEeprom();

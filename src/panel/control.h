@@ -27,6 +27,9 @@ inline constexpr Colour Green = 65280;    ///< data-in line active
 inline constexpr Colour White = 16777215;
 inline constexpr Colour LightRed = 0xC0C0FF;    ///< a cell or a verdict that differs
 inline constexpr Colour LightGreen = 0xC0FFC0;  ///< a verdict of equal contents
+/// The system's colour of a window's surface, 80000005h.
+inline constexpr Colour WindowColour = -2147483643;
+inline constexpr Colour UnusedBit = 0xFF8080;  ///< a bit that cannot be edited
 inline constexpr Colour ButtonFace = 0xF0F0F0;
 
 class Control {

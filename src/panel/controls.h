@@ -68,11 +68,13 @@ class TextBox : public VisibleControl {
   TextBox(Window& window, std::string name, bool visible = true)
       : VisibleControl(window, std::move(name), visible),
         Text(*this, "", &Control::Change),
-        Over(*this, CellPlace{}) {}
+        Over(*this, CellPlace{}),
+        BackColor(*this, White) {}
   void Reset() override {
     VisibleControl::Reset();
     Text.Reset();
     Over.Reset();
+    BackColor.Reset();
   }
   /// Asks for the input focus; a view follows when it finds the number changed.
   void SetFocus() {
@@ -81,6 +83,7 @@ class TextBox : public VisibleControl {
   }
   Property<std::string> Text;
   Property<CellPlace> Over;
+  Property<Colour> BackColor;
   unsigned FocusRequests = 0;
 };
 

@@ -64,9 +64,39 @@ struct IdReviewWindow : ValueReviewWindow<8> {
             [](std::size_t i) { return "IDLOC" + std::to_string(i + 1) + "1"; }, "ID Pufferbe Töltése") {}
 };
 
+/// The configuration word of a mid-range chip: `List1` its bits, `List2` its digits.
+struct MidConfigReviewWindow : ValueReviewWindow<2> {
+  MidConfigReviewWindow()
+      : ValueReviewWindow(
+            "Config_Beolvas_F16", "Konfigurációs szó",
+            [](std::size_t i) { return std::string(i == 0 ? "Bitek" : "Szó"); },
+            [](std::size_t i) { return "List" + std::to_string(i + 1); }, "Config Pufferbe Töltése") {}
+};
+
+/// Both configuration words: `List1` and `List2` of the first, `List3` and `List4` of the second.
+struct MidConfigPairReviewWindow : ValueReviewWindow<4> {
+  MidConfigPairReviewWindow()
+      : ValueReviewWindow(
+            "Config_2008_Olv_F16", "Konfigurációs szavak",
+            [](std::size_t i) { return std::to_string(i / 2 + 1) + (i % 2 == 0 ? ". szó bitjei" : ". szó"); },
+            [](std::size_t i) { return "List" + std::to_string(i + 1); }, "Config Pufferbe Töltése") {}
+};
+
+/// The user ID words of a mid-range chip: `List7` to `List10`.
+struct MidIdReviewWindow : ValueReviewWindow<4> {
+  MidIdReviewWindow()
+      : ValueReviewWindow(
+            "IDLoc_F16", "Beolvasott User ID szavak",
+            [](std::size_t i) { return "ID " + std::to_string(i + 1); },
+            [](std::size_t i) { return "List" + std::to_string(i + 7); }, "ID Pufferbe Töltése") {}
+};
+
 inline FlashOlvWindow FlashOlv;
 inline EepromReviewWindow EEPROM_Beolvas;
 inline ConfigReviewWindow Config_Beolvas;
 inline IdReviewWindow IDLocO;
+inline MidConfigReviewWindow Config_Beolvas_F16;
+inline MidConfigPairReviewWindow Config_2008_Olv_F16;
+inline MidIdReviewWindow IDLoc_F16;
 
 }  // namespace zelvo::panel

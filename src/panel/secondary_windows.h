@@ -5,6 +5,7 @@
 #include "panel/config_editor.h"
 #include "panel/file_windows.h"
 #include "panel/info_windows.h"
+#include "panel/mid_config_editor.h"
 #include "panel/review_windows.h"
 #include "panel/window.h"
 

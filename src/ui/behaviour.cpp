@@ -11,7 +11,10 @@ void AttachBehaviour() {
   AttachProgressWindows();
   AttachMemoryReviews();
   AttachValueReviews();
+  AttachMidValueReviews();
   AttachConfigEditor();
+  AttachMidConfigEditor();
+  AttachMidRangePage();
   AttachSaveWindow();
   AttachInformation();
   AttachIdentification();

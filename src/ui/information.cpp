@@ -45,10 +45,12 @@ constexpr const char* VerifyHelp[] = {
 };
 
 void CloseReviews() {
-  for (panel::Window* window :
-       {static_cast<panel::Window*>(&panel::EEPROM_Beolvas), static_cast<panel::Window*>(&panel::FlashOlv),
-        static_cast<panel::Window*>(&panel::Config_Beolvas), static_cast<panel::Window*>(&panel::IDLocO),
-        static_cast<panel::Window*>(&Összes_Bezárása)}) {
+  const std::initializer_list<panel::Window*> reviews = {
+      &panel::EEPROM_Beolvas,     &panel::FlashOlv,
+      &panel::Config_Beolvas,     &panel::IDLocO,
+      &panel::Config_Beolvas_F16, &panel::Config_2008_Olv_F16,
+      &panel::IDLoc_F16,          &Összes_Bezárása};
+  for (panel::Window* window : reviews) {
     window->Unload();
   }
 }

@@ -1,6 +1,8 @@
 #include "ui/main_window.h"
 
 #include "devices/identification.h"
+#include "devices/mid_range_identification.h"
+#include "devices/preflight.h"
 #include "devices/selection.h"
 #include "icsp/conversions.h"
 #include "image/fills.h"
@@ -21,10 +23,12 @@
 #include "panel/window.h"
 #include "platform/seams.h"
 #include "ui/behaviour.h"
-#include "ui/preflight.h"
 
 namespace zelvo::ui {
 
+using devices::Preflight;
+using devices::PreflightQuestions;
+using devices::Verb;
 using panel::Form1;
 
 namespace {
@@ -51,6 +55,7 @@ void RestAfterFault() {
        {&panel::Állapot, &panel::FlashÍrÁllapot, &panel::EEE_Olv_Állapot, &panel::EEE_Ír_Állapot})
     window->Unload();
   link::WholeChipRun = false;
+  devices::MidEraseRun = false;
   link::UserAbort = false;
   link::WaitCount = link::SpeedSetting;
 }
@@ -93,12 +98,6 @@ void IdentifyClicked() {
   devices::IdentifyPic18();
 }
 
-void ManualBoardClicked() {
-  Form1.Check4.Value = false;
-  Form1.Check6.Value = false;
-  EnableWholeChipButtons();
-}
-
 void ReadWholeChip() {
   if (!Preflight(Verb::Read)) return;
   ops18::ReadFlash();
@@ -125,13 +124,6 @@ void ClearVerifyBuffer() {
   link::LogEvent(Form1.List1, ":  Verify Puffer Törölve(FFFF).");
 }
 
-/// The manual board cannot verify by itself: the tick is taken back at once.
-void RefuseOnManualBoard(panel::CheckBox& box) {
-  if (!Form1.Check8.Value || !box.Value) return;
-  box.Value = false;
-  platform::seams.dialogs->Message("ZLPT_mini használatánál ez a funkció nem érhető el.");
-}
-
 }  // namespace
 
 void ShowSelectedPage() {
@@ -150,7 +142,10 @@ void EnableWholeChipButtons() {
 
 void AttachMainWindow() {
   panel::MDIForm1.OnUnload = CloseMainWindow;
-  Form1.OnLoad = [] { Form1.PICTörlés.ToolTip = "Teljes PIC tartalom Törlése"; };
+  Form1.OnLoad = [] {
+    for (panel::CommandButton* button : {&Form1.PICTörlés, &Form1.Command12})
+      button->ToolTip = std::string("Teljes PIC tartalom Törlése");
+  };
   Form1.OnUnload = CloseForm1;
   panel::AfterFault = RestAfterFault;
   Form1.TabStrip1.Click = ShowSelectedPage;
@@ -172,9 +167,6 @@ void AttachMainWindow() {
   Form1.PICOlvas.Click = ReadWholeChip;
   Form1.PICÍrás.Click = WriteWholeChip;
   Form1.Command2.Click = ClearVerifyBuffer;
-  Form1.Check8.Click = ManualBoardClicked;
-  for (panel::CheckBox* box : {&Form1.Check4, &Form1.Check6})
-    box->Click = [box] { RefuseOnManualBoard(*box); };
 }
 
 }  // namespace zelvo::ui

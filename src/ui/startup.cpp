@@ -56,7 +56,8 @@ void StartUp() {
   devices::FillCombo1();
   devices::FillCombo2();
   image::FormatGrids();
-  devices::ShowNoChipSelected();
+  for (panel::ListBox* summary : {&panel::Form1.List2, &panel::Form1.List5})
+    devices::ShowNoChipSelected(*summary);
   ClearState();
   link::ReadPortFile();
   link::ReadSpeedFile();

@@ -11,6 +11,7 @@
 #include "panel/form1.h"
 #include "panel/secondary_windows.h"
 #include "ui/behaviour.h"
+#include "ui/verdict.h"
 
 namespace zelvo::ui {
 
@@ -27,17 +28,8 @@ constexpr size_t IdBytes = 8;
 std::array<std::string, ConfigBytes + 1> readConfigBits;
 std::array<std::string, IdBytes + 1> readIds;
 
-constexpr const char* EqualText = " A két tartalom azonos!";
-constexpr const char* DifferentText = " Nem azonos tartalmak!";
-
 void Log(const char* text) {
   link::LogEvent(Form1.List1, text);
-}
-
-void Tell(panel::ListBox& verdict, const char* text, panel::Colour colour, const char* event) {
-  verdict.AddItem(text);
-  verdict.BackColor = colour;
-  Log(event);
 }
 
 std::string HexOfRead(size_t index) {
@@ -63,9 +55,7 @@ void ShowReadConfig() {
   }
 }
 
-enum class Verdict { Equal, Empty, Different };
-
-/// A blank byte of the image counts as equal to anything.
+/// A blank byte of the image counts as equal to anything; with fourteen of them there is nothing to compare.
 Verdict JudgeConfig() {
   size_t blank = 0;
   for (size_t i = 1; i <= ConfigBytes; ++i) {
@@ -77,24 +67,17 @@ Verdict JudgeConfig() {
     std::string read = HexOfRead(i);
     icsp::PadHex2(mine);
     icsp::PadHex2(read);
-    if (mine != read) return Verdict::Different;
+    if (mine != read) {
+      return {" Nem azonos tartalmak!", panel::LightRed,
+              ":  Nem egyforma a Puffer és a Beolvasott Config tartalma."};
+    }
   }
-  return blank == ConfigBytes ? Verdict::Empty : Verdict::Equal;
-}
-
-void CompareConfig() {
-  panel::ListBox& verdict = Config_Beolvas.eredmény;
-  switch (JudgeConfig()) {
-    case Verdict::Equal:
-      return Tell(verdict, EqualText, panel::LightGreen,
-                  ":  A Puffer és a Beolvasott Config tartalmak azonosak.");
-    case Verdict::Empty:
-      return Tell(verdict, " A Puffer Üres!", verdict.BackColor,
-                  ":  A Puffer Üres! Nincs mit összehasonlítani!");
-    case Verdict::Different:
-      return Tell(verdict, DifferentText, panel::LightRed,
-                  ":  Nem egyforma a Puffer és a Beolvasott Config tartalma.");
+  if (blank == ConfigBytes) {
+    return {" A Puffer Üres!", Config_Beolvas.eredmény.BackColor,
+            ":  A Puffer Üres! Nincs mit összehasonlítani!"};
   }
+  return {" A két tartalom azonos!", panel::LightGreen,
+          ":  A Puffer és a Beolvasott Config tartalmak azonosak."};
 }
 
 void TakeConfig() {
@@ -114,7 +97,7 @@ void LeaveConfig() {
 
 void ConfigOpened() {
   ShowReadConfig();
-  CompareConfig();
+  Tell(Config_Beolvas.eredmény, Form1.List1, JudgeConfig());
   if (Form1.Check2.Value) TakeConfig();
 }
 
@@ -124,17 +107,6 @@ void ShowReadIds() {
     const size_t index = ((n - 1) ^ 1) + 1;
     readIds[n] = icsp::HexPadded(static_cast<std::uint32_t>(image::ReadBackBytes.at(index)), 2);
     IDLocO.Values[n - 1].AddItem(image::IdLine(readIds[n]));
-  }
-}
-
-void CompareIds() {
-  const bool equal = std::equal(readIds.begin() + 1, readIds.end(), image::IdBuffer.begin() + 1);
-  if (equal) {
-    Tell(IDLocO.eredmény, EqualText, panel::LightGreen,
-         ":  A Puffer és a Beolvasott ID Loc tartalmak azonosak.");
-  } else {
-    Tell(IDLocO.eredmény, DifferentText, panel::LightRed,
-         ":  Nem egyforma a Puffer és a Beolvasott ID Loc tartalma.");
   }
 }
 
@@ -157,7 +129,8 @@ void LeaveIds() {
 
 void IdsOpened() {
   ShowReadIds();
-  CompareIds();
+  const bool equal = std::equal(readIds.begin() + 1, readIds.end(), image::IdBuffer.begin() + 1);
+  Tell(IDLocO.eredmény, Form1.List1, IdVerdict(equal));
   if (Form1.Check2.Value) TakeIds();
 }
 
