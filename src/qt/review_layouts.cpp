@@ -34,7 +34,7 @@ void AddGrid(panel::Grid& grid, const QString& label, const QString& cell, Binde
 
 void LayOutFlash(panel::FlashOlvWindow& window, Binder& binder, QWidget& view, QVBoxLayout& layout) {
   AddVerdict(window.List1, binder, view, layout);
-  AddGrid(window.MSFlexGrid1, QStringLiteral("Flash cím"), QStringLiteral("FFFFF"), binder, layout);
+  AddGrid(window.MSFlexGrid1, QStringLiteral("Flash cím"), QStringLiteral("FFFFFF"), binder, layout);
   layout.addLayout(MakeButtonRow(binder, {&window.FlashPuff, &window.Command1, &window.Mégse}));
 }
 

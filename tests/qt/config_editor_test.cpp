@@ -331,43 +331,5 @@ TEST_F(ConfigEditor, TellsHowToEditInItsTipsAndBesideItsButtons) {
   EXPECT_EQ(QToolTip::text(), QStringLiteral("Dupla Kattintás -> Szerkesztés"));
 }
 
-/// A grid that scrolls, as in windows of many cells.
-struct ScrollingWindow : panel::Window {
-  ScrollingWindow() : Window("Görgethető", "Görgethető") {}
-  panel::Grid Grid1{*this, "Grid1", 9};
-  panel::TextBox Text1{*this, "Text1", false};
-};
-
-class BoxOverACell : public DeskTest {};
-
-TEST_F(BoxOverACell, GoesWithItsCellWhenTheGridScrolls) {
-  ScrollingWindow scrolling;
-  Open();
-  scrolling.Load();
-  scrolling.Grid1.SetRows(200);
-  scrolling.Text1.Over = panel::CellPlace{&scrolling.Grid1, 9, 4};
-  scrolling.Text1.Visible = true;
-  scrolling.Text1.SetFocus();
-  Settle();
-  QWidget* window = SecondaryWindow("Görgethető");
-  auto* grid = FindIn<GridView>(window, "Grid1");
-  auto* box = FindIn<QLineEdit>(window, "Text1");
-  const auto cell = [grid] {
-    const QRect rect = grid->visualRect(grid->model()->index(8, 4));
-    return QRect(grid->viewport()->mapToGlobal(rect.topLeft()), rect.size());
-  };
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-  EXPECT_EQ(OnScreen(*box), cell());
-  EXPECT_TRUE(box->hasFocus());
-  const int before = cell().top();
-  grid->verticalScrollBar()->setValue(37);
-  QTest::qWait(5);
-  EXPECT_EQ(cell().top(), before - 37);
-  EXPECT_EQ(OnScreen(*box), cell());
-  scrolling.Unload();
-  Settle();
-  panel::AllWindows().pop_back();
-}
-
 }  // namespace
 }  // namespace zelvo::test

@@ -56,7 +56,7 @@ std::vector<QRect> PlaceAll(const QRect& room) {
                                                   {{305, 200}, Qt::BottomLeftCorner},
                                                   {{272, 430}, Qt::TopLeftCorner},
                                                   {{212, 75}, Qt::BottomRightCorner}};
-  QRect first(0, 0, 465, 530);
+  QRect first(0, 0, 530, 530);
   first.moveCenter(room.center());
   std::vector<QRect> places = {first};
   for (const auto& [size, corner] : windows) {
