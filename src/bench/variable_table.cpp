@@ -15,7 +15,6 @@
 #include "link/settings.h"
 #include "ops18/eeprom.h"
 #include "ops18/write_burst.h"
-#include "panel/config_editor.h"
 
 namespace zelvo::bench {
 namespace {
@@ -106,10 +105,6 @@ const std::vector<Variable>& Variables() {
       Row("ConfigBuffer", image::ConfigBuffer),
       Row("ConfigBitStrings", image::ConfigBitStrings),
       Row("ConfigEditBits", image::ConfigEditBits),
-      Row("CellInput", panel::ConfEdit.CellInput),
-      Row("CurrentGrid", panel::ConfEdit.CurrentGrid),
-      Row("CurrentCol", panel::ConfEdit.CurrentCol),
-      Row("CurrentRow", panel::ConfEdit.CurrentRow),
       Row("IdBuffer", image::IdBuffer),
       Row("MidIdWords", image::MidIdWords),
       Row("MidIdReadWords", image::MidIdReadWords),
