@@ -12,12 +12,14 @@ struct Region {
   std::uint32_t from;
   const char* name;
 };
-/// Of a PIC18's Intel HEX file, highest first.
-constexpr std::array Regions = {Region{0xF00000, "EEPROM"}, Region{0x300000, "Config"},
-                                Region{0x200000, "ID"}, Region{0, "Flash"}};
+/// Of an Intel HEX file, highest first.
+using Regions = std::array<Region, 4>;
+constexpr Regions Pic18Regions = {
+    {{0xF00000, "EEPROM"}, {0x300000, "Config"}, {0x200000, "ID"}, {0, "Flash"}}};
+constexpr Regions MidRangeRegions = {{{0x4200, "EEPROM"}, {0x400E, "Config"}, {0x4000, "ID"}, {0, "Flash"}}};
 
-QString RegionOf(std::uint32_t address) {
-  for (const Region& region : Regions) {
+QString RegionOf(const Regions& regions, std::uint32_t address) {
+  for (const Region& region : regions) {
     if (address >= region.from) return QLatin1String(region.name);
   }
   return {};
@@ -29,7 +31,8 @@ QString Hex(std::uint32_t value, int digits) {
 
 }  // namespace
 
-void ChipContents::Show(Image image) {
+void ChipContents::Show(Image image, std::string_view chip) {
+  pic18_ = chip.starts_with("PIC18");
   std::vector<std::uint32_t> rows;
   for (const auto& [address, value] : image) {
     const std::uint32_t row = address - address % RowBytes;
@@ -63,7 +66,8 @@ QVariant ChipContents::data(const QModelIndex& index, int role) const {
 }
 
 QString ChipContents::RowText(std::uint32_t address) const {
-  QString text = RegionOf(address).leftJustified(7) + Hex(address, 6) + QLatin1Char(' ');
+  QString text = RegionOf(pic18_ ? Pic18Regions : MidRangeRegions, address).leftJustified(7) +
+                 Hex(address, 6) + QLatin1Char(' ');
   for (std::uint32_t offset = 0; offset < RowBytes; ++offset) {
     const auto byte = image_.find(address + offset);
     text += byte == image_.end() ? QStringLiteral(" ··") : QLatin1Char(' ') + Hex(byte->second, 2);

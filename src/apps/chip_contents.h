@@ -4,6 +4,7 @@
 #include <QAbstractListModel>
 #include <cstdint>
 #include <map>
+#include <string_view>
 #include <vector>
 
 namespace zelvo::desktop {
@@ -13,8 +14,8 @@ class ChipContents : public QAbstractListModel {
   using QAbstractListModel::QAbstractListModel;
   using Image = std::map<std::uint32_t, std::uint8_t>;
 
-  /// Takes over the locations that are not erased, by their Intel HEX addresses.
-  void Show(Image image);
+  /// Takes over the locations that are not erased, by their Intel HEX addresses; `chip` tells what they mean.
+  void Show(Image image, std::string_view chip);
   [[nodiscard]] std::size_t Size() const { return image_.size(); }
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -23,6 +24,7 @@ class ChipContents : public QAbstractListModel {
  private:
   [[nodiscard]] QString RowText(std::uint32_t address) const;
 
+  bool pic18_ = true;
   Image image_;
   std::vector<std::uint32_t> rows_;  ///< addresses of the rows that hold something
 };

@@ -164,7 +164,11 @@ void Probapad::RefreshContents() {
   const bool settled = looked_ > machine_.LastChange() + LongestWriteTime;
   if (settled || now < lookAgain_) return;
   const bench::Chip* chip = machine_.Socket();
-  contents_->Show(chip != nullptr ? chip->Image() : ChipContents::Image{});
+  if (chip != nullptr) {
+    contents_->Show(chip->Image(), chip->Name());
+  } else {
+    contents_->Show({}, {});
+  }
   amount_->setText(QStringLiteral("%1 nem üres bájt").arg(contents_->Size()));
   looked_ = now;
   const bench::Nanoseconds done = machine_.Now();

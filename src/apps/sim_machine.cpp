@@ -22,9 +22,19 @@ int SimMachine::Inp32(int address) {
   return board_->Read(address, Now());
 }
 
+void SimMachine::Obey(const std::string& message) {
+  start_ -= board_->Obey(message, Now());
+  lastChange_ = Now();
+}
+
 void SimMachine::Insert(std::unique_ptr<bench::Chip> chip) {
   lastChange_ = Now();
   board_->Insert(std::move(chip), lastChange_);
+}
+
+void ObeyedDialogs::Message(const std::string& text) {
+  shown_.Message(text);
+  machine_.Obey(text);
 }
 
 }  // namespace zelvo::desktop

@@ -76,8 +76,9 @@ int main(int count, char** words) {
                                   QStringLiteral("Chip in the socket at the start."), QStringLiteral("NAME"));
   const QCommandLineOption board(
       QStringLiteral("board"),
-      QStringLiteral("The board as zelvo-bench takes it: \"lpt [KEY=VALUE ...]\", \"com [KEY=VALUE ...]\" or "
-                     "\"none\"; else one that fits the port.ini of the folder."),
+      QStringLiteral(
+          "The board as zelvo-bench takes it: \"lpt [manual] [KEY=VALUE ...]\", \"com [KEY=VALUE ...]\" or "
+          "\"none\"; else one that fits the port.ini of the folder."),
       QStringLiteral("TEXT"));
   options.addOptions({folder, socket, board});
   options.process(application);
@@ -95,6 +96,8 @@ int main(int count, char** words) {
   platform::seams.serial = &serial;
 
   desktop::Desktop desk;
+  desktop::ObeyedDialogs dialogs(*platform::seams.dialogs, machine);
+  platform::seams.dialogs = &dialogs;
   desktop::Probapad pad(machine);
   if (options.isSet(socket) && !pad.Insert(options.value(socket))) {
     return Fail("unknown chip " + options.value(socket).toStdString());

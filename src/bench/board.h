@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zelvo::bench {
@@ -47,8 +48,8 @@ class Chip {
   [[nodiscard]] virtual std::vector<TimingFault> Timing() const = 0;
 };
 
-/// A blank chip of the catalogue; nullptr for an unknown name. `deviceId`: DEVID2 and DEVID1 as one 16-bit
-/// number in place of the chip's own.
+/// A blank chip of the catalogue; nullptr for an unknown name. `deviceId` in place of the chip's own: DEVID2
+/// and DEVID1 as one 16-bit number, of a mid-range chip the word at 2006h.
 [[nodiscard]] std::unique_ptr<Chip> MakeChip(const std::string& name, std::optional<std::uint32_t> deviceId);
 /// The names that `MakeChip` knows.
 [[nodiscard]] std::vector<std::string> ChipNames();
@@ -57,6 +58,7 @@ struct LptWiring {
   int base = 0x378;
   int vdd = 4, vpp = 8, data = 1, clock = 2;  ///< bit values of the data register
   bool inputBusy = false;                     ///< false: ACK
+  bool manual = false;                        ///< Vdd and Vpp have switches on the board and no line
   bool vddInverted = false, vppInverted = false, clockInverted = false, dataInverted = false,
        inputInverted = false;
 };
@@ -72,6 +74,9 @@ class Board {
   virtual ~Board() = default;
   virtual void Write(int address, int value, Nanoseconds now) = 0;
   [[nodiscard]] virtual int Read(int address, Nanoseconds now) = 0;
+  /// A message that the operator has read and obeyed, as far as it asks for something on this board. The time
+  /// that it took; nothing on a board without switches.
+  [[nodiscard]] virtual Nanoseconds Obey(std::string_view, Nanoseconds) { return 0; }
   [[nodiscard]] virtual LineLevels Levels() const = 0;
   /// The level on the data-in line at the socket: what the chip drives, else what the board drives or floats.
   [[nodiscard]] virtual bool DataIn(Nanoseconds now) = 0;

@@ -66,8 +66,9 @@ Setter Inverted(std::map<string_view, bool*> lines) {
   };
 }
 
-DescribedBoard Lpt(const std::vector<string_view>& words) {
+DescribedBoard Lpt(std::vector<string_view> words) {
   LptWiring wiring;
+  wiring.manual = std::erase(words, "manual") != 0;
   std::optional<std::string> refusal =
       ApplyKeys(words, {{"base", Base(wiring.base)},
                         {"vdd", DataBit(wiring.vdd)},

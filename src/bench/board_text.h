@@ -26,7 +26,8 @@ struct DescribedBoard {
   std::unique_ptr<Board> board;
   std::optional<std::string> refusal;
 };
-/// The board that `words` describe: the kind "lpt", "com" or "none", then its keys.
+/// The board that `words` describe: the kind "lpt", "com" or "none", then its keys. The word "manual" makes a
+/// printer-port board with switches for Vdd and Vpp.
 [[nodiscard]] DescribedBoard DescribeBoard(const std::vector<std::string_view>& words);
 
 }  // namespace zelvo::bench

@@ -6,7 +6,8 @@ namespace {
 // By WaitKind: the parameter's number in the programming specifications, and what it was waited for where one
 // number serves several.
 constexpr std::array<const char*, static_cast<std::size_t>(WaitKind::Count)> kNames{
-    "P2A", "P2B", "P12", "P9", "P9 config", "P9 row", "P10", "P11", "P11 row", "EEPROM"};
+    "P2A",    "P2B",   "P12",   "P9",    "P9 config", "P9 row", "P10",  "P11",      "P11 row",
+    "EEPROM", "Thld0", "Tdly2", "Tprog", "Tprog2",    "Tdprog", "Tera", "Tera row", "Tdis"};
 
 }  // namespace
 

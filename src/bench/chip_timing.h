@@ -21,6 +21,15 @@ enum class WaitKind : std::uint8_t {
   Erase,
   EraseRow,
   Eeprom,
+  // of the mid-range chips
+  MidEntry,
+  FrameGap,
+  ProgramWords,
+  ProgramHeld,
+  DataByte,
+  EraseMemory,
+  EraseWords,
+  HoldDischarge,
   Count
 };
 

@@ -9,6 +9,7 @@ namespace zelvo::bench {
 
 void Desk::Message(const std::string& text) {
   Shown("ok ok " + OneLine(text));
+  machine_.Obey(text);
 }
 
 bool Desk::AskYesNo(const std::string& text) {

@@ -16,6 +16,7 @@ class Desk final : public platform::Dialogs, public platform::Delays, public pla
  public:
   explicit Desk(Machine& machine) : machine_(machine) {}
 
+  /// Answered at once, and on a board with switches obeyed.
   void Message(const std::string& text) override;
   /// The oldest queued answer; no when none is queued.
   [[nodiscard]] bool AskYesNo(const std::string& text) override;

@@ -25,6 +25,11 @@ int Machine::Inp32(int address) {
   return value;
 }
 
+void Machine::Obey(const std::string& message) {
+  now_ += board_->Obey(message, now_);
+  SampleLines();
+}
+
 void Machine::PutBoard(std::unique_ptr<Board> board) {
   std::unique_ptr<Chip> chip = board_->Remove(now_);
   board_ = std::move(board);

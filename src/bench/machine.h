@@ -25,6 +25,9 @@ class Machine final : public platform::Ports {
   [[nodiscard]] Nanoseconds Now() const { return now_; }
   void Advance(Nanoseconds time) { now_ += time; }
 
+  /// The operator reads a message and does at the board what it asks for.
+  void Obey(const std::string& message);
+
   /// Puts another board on the machine; the chip moves from the old socket to the new one.
   void PutBoard(std::unique_ptr<Board> board);
   /// Puts a chip into the socket; nullptr empties it.

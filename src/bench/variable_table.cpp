@@ -19,7 +19,6 @@
 #include "opsmid/config_id.h"
 #include "opsmid/eeprom.h"
 #include "opsmid/flash.h"
-#include "panel/config_editor.h"
 
 namespace zelvo::bench {
 namespace {
@@ -110,6 +109,7 @@ const std::vector<Variable>& Variables() {
       Row("ConfigBuffer", image::ConfigBuffer),
       Row("ConfigBitStrings", image::ConfigBitStrings),
       Row("ConfigEditBits", image::ConfigEditBits),
+<<<<<<< HEAD
       Row("ConfigWord1Names", image::ConfigWord1Names),
       Row("ConfigWord2Names", image::ConfigWord2Names),
       Row("ConfigWord1Used", image::ConfigWord1Used),
@@ -118,6 +118,8 @@ const std::vector<Variable>& Variables() {
       Row("CurrentGrid", panel::ConfEdit.CurrentGrid),
       Row("CurrentCol", panel::ConfEdit.CurrentCol),
       Row("CurrentRow", panel::ConfEdit.CurrentRow),
+=======
+>>>>>>> prod/main
       Row("IdBuffer", image::IdBuffer),
       Row("MidIdWords", image::MidIdWords),
       Row("MidIdReadWords", image::MidIdReadWords),

@@ -202,6 +202,7 @@ void ReadEeprom() {
   if (const EepromGroup* group = FindGroup(chip)) group->read();
   link::LogEvent(Form1.List1, link::UserAbort ? ":  Felhasználói megszakítás!" : ":  EEPROM beolvasás kész.");
   link::TargetPowerOff();
+  link::UserAbort = false;  // else the next EEPROM write of the mid-range page would not begin
 }
 
 void WriteEeprom() {

@@ -84,6 +84,7 @@ TEST_F(EepromCourse, CancelDuringTheLastByteStillCounts) {
   it.session.Do("at progress EEE_Olv_Állapot 15 click EEE_Olv_Állapot.Command1");
   const Lines expected = CancelledAfter(16);
   EXPECT_TRUE(SameLog(expected, it.WireOf(ops18::ReadEeprom)));
+  EXPECT_FALSE(link::UserAbort) << "the run is over";
 }
 
 TEST_F(EepromCourse, ACancelFromBeforeIsForgottenAndAStaleReviewMakesPlace) {
