@@ -109,17 +109,10 @@ const std::vector<Variable>& Variables() {
       Row("ConfigBuffer", image::ConfigBuffer),
       Row("ConfigBitStrings", image::ConfigBitStrings),
       Row("ConfigEditBits", image::ConfigEditBits),
-<<<<<<< HEAD
       Row("ConfigWord1Names", image::ConfigWord1Names),
       Row("ConfigWord2Names", image::ConfigWord2Names),
       Row("ConfigWord1Used", image::ConfigWord1Used),
       Row("ConfigWord2Used", image::ConfigWord2Used),
-      Row("CellInput", panel::ConfEdit.CellInput),
-      Row("CurrentGrid", panel::ConfEdit.CurrentGrid),
-      Row("CurrentCol", panel::ConfEdit.CurrentCol),
-      Row("CurrentRow", panel::ConfEdit.CurrentRow),
-=======
->>>>>>> prod/main
       Row("IdBuffer", image::IdBuffer),
       Row("MidIdWords", image::MidIdWords),
       Row("MidIdReadWords", image::MidIdReadWords),
