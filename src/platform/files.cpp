@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -85,6 +86,17 @@ std::optional<std::string> ReadWholeFile(const std::string& path) {
   }
 }
 
+namespace {
+
+/// With its slash; empty for a bare name. A temporary file has a short name of its own, since the target's
+/// may be as long as a name can be.
+std::string FolderOf(const std::string& path) {
+  const size_t slash = path.rfind('/');
+  return slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
+}
+
+}  // namespace
+
 bool ReplaceFile(const std::string& path, const std::string& content) {
   const std::optional<std::string> resolved = ResolveLinks(path);
   if (!resolved) return false;
@@ -95,7 +107,9 @@ bool ReplaceFile(const std::string& path, const std::string& content) {
   if (exists && !S_ISREG(old.st_mode)) return false;
   // The rename would not ask: a file protected against writing stays.
   if (exists && ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) return false;
-  std::string temporary = target + ".XXXXXX";
+  // A limit on the size of files is an error to be told, not the end of the program.
+  std::signal(SIGXFSZ, SIG_IGN);
+  std::string temporary = FolderOf(target) + ".zelvo-XXXXXX";
   Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
   if (file.Get() < 0) return false;
 

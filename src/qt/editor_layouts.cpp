@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
 
 #include "panel/secondary_windows.h"
 #include "qt/binder.h"
@@ -14,6 +15,20 @@
 
 namespace zelvo::desktop {
 namespace {
+
+/// Shows its content whole where there is room, and scrolls it on a small screen.
+class RoomyScrollArea : public QScrollArea {
+ public:
+  explicit RoomyScrollArea(QLayout* content) {
+    auto* inner = new QWidget;
+    inner->setLayout(content);
+    content->setContentsMargins(0, 0, 0, 0);
+    setWidget(inner);
+    setWidgetResizable(true);
+    setFrameShape(NoFrame);
+  }
+  [[nodiscard]] QSize sizeHint() const override { return widget()->sizeHint(); }
+};
 
 /// One byte of the configuration: its label above its bits.
 QVBoxLayout* MakeByte(panel::Label& label, panel::Grid& bits, Binder& binder) {
@@ -40,8 +55,7 @@ void LayOutConfig(panel::ConfEditWindow& window, Binder& binder, QWidget& view, 
     const int half = static_cast<int>(at) % 2;
     words->addLayout(MakeByte(window.Labels[at], window.Grids[at], binder), word, half);
   }
-  layout.addLayout(words);
-  layout.addStretch(1);
+  layout.addWidget(new RoomyScrollArea(words), 1);
   auto* hint = new QLabel(Text(window.Grids.front().ToolTip));
   hint->setProperty("muted", true);
   auto* buttons = new QHBoxLayout;

@@ -116,6 +116,12 @@ void SecondaryWindow::closeEvent(QCloseEvent* event) {
 // Escape presses the button that leaves the window. The key that closed an edit box must not close the window
 // too by being held.
 void SecondaryWindow::keyPressEvent(QKeyEvent* event) {
+  // The one button of this window closes all the reviews; Escape leaves the window alone.
+  if (event->key() == Qt::Key_Escape && &window_ == &panel::Összes_Bezárása) {
+    event->accept();
+    close();
+    return;
+  }
   for (const char* way : {"Nem", "Megse", "Mégse", "Command1"}) {
     auto* button = findChild<QPushButton*>(QString::fromUtf8(way));
     if (event->key() != Qt::Key_Escape || event->isAutoRepeat() || button == nullptr || !button->isVisible())

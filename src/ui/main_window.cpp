@@ -23,6 +23,7 @@
 #include "panel/window.h"
 #include "platform/seams.h"
 #include "ui/behaviour.h"
+#include "ui/on_top.h"
 
 namespace zelvo::ui {
 
@@ -104,7 +105,7 @@ void ReadWholeChip() {
   if (!ops18::HasNoEeprom(Form1.Combo1.Text.Get())) ops18::ReadEeprom();
   ops18::ReadIdLocations();
   ops18::ReadConfigBytes();
-  panel::Összes_Bezárása.Load();
+  Reopen(panel::Összes_Bezárása);
 }
 
 /// Asks its questions with no chip selected too. The configuration comes last, so that no protection bit

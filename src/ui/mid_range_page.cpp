@@ -18,6 +18,7 @@
 #include "platform/seams.h"
 #include "ui/behaviour.h"
 #include "ui/main_window.h"
+#include "ui/on_top.h"
 
 namespace zelvo::ui {
 
@@ -73,7 +74,7 @@ void WriteEepromClicked() {
 
 /// A check has left review windows open.
 void OfferToCloseReviews() {
-  if (Form1.Check4.Value) panel::Összes_Bezárása.Load();
+  if (Form1.Check4.Value) Reopen(panel::Összes_Bezárása);
 }
 
 void WriteFlashClicked() {
@@ -110,7 +111,7 @@ void ReadWholeChip() {
   PowerOnAnd(opsmid::ReadMidConfig);
   PowerOnAnd(opsmid::ReadMidUserIds);
   link::TargetPowerOff();
-  panel::Összes_Bezárása.Load();
+  Reopen(panel::Összes_Bezárása);
 }
 
 void WriteWholeChip() {
