@@ -88,6 +88,7 @@ void ReadMidEeprom() {
 }
 
 void WriteMidEeprom() {
+  link::WaitCount = link::SpeedSetting;
   if (!MayWrite() || link::UserAbort) return;
   Log(":  EEPROM Írása Indult.");
   devices::SelectedName = Form1.Combo2.Text.Get();
