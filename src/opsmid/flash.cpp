@@ -69,12 +69,15 @@ bool ReadWords() {
   return true;
 }
 
+std::string PairBits(std::string_view pair) {
+  icsp::HexPairToBits(icsp::WithHeldDigits(pair));
+  return icsp::ConvertedBits;
+}
+
 /// The word's sixteen bits as the image holds it.
 std::string WordBits(std::string_view word) {
-  icsp::HexPairToBits(word.substr(0, 2));
-  std::string bits = icsp::ConvertedBits;
-  icsp::HexPairToBits(word.substr(2, 2));
-  return bits + icsp::ConvertedBits;
+  const std::string high = PairBits(word.substr(0, 2));
+  return high + PairBits(word.substr(2, 2));
 }
 
 /// Loads a word unless it is erased: start bit 0, fourteen bits, and bit 14 of the image's word as the stop
