@@ -2,6 +2,7 @@
 // erased before, the buttons, Cancel, and clicks inside a run.
 #include "opsmid/eeprom.h"
 
+#include "icsp/conversions.h"
 #include "image/eeprom_walk.h"
 #include "mid_desk.h"
 
@@ -248,6 +249,20 @@ TEST_F(Eeprom, ARunInsideAWholeChipWriteAsksNothing) {
   model.WriteEeprom(MidChipOf("16F84A"), Bytes());
   model.PowerOff();
   EXPECT_TRUE(SameLog(model.Log(), desk.Click("Command18")));
+}
+
+TEST_F(Eeprom, ADigitThatIsNoneGoesOutAsTheOneBeforeIt) {
+  Lines logs[2];
+  for (const bool plain : {false, true}) {
+    Choose("16F84A");
+    link::WholeChipRun = true;
+    image::EepromBuffer(1, 1) = "12";
+    image::EepromBuffer(2, 1) = plain ? "22" : "x-";
+    image::EepromBuffer(3, 1) = plain ? "55" : "5f";
+    logs[plain ? 1 : 0] = Only(desk.WireOf(opsmid::WriteMidEeprom), "WRPD");
+  }
+  EXPECT_TRUE(SameLog(logs[1], logs[0]));
+  EXPECT_EQ(icsp::LoadFailed, 2);
 }
 
 TEST_F(Eeprom, TheImageIsOnlyRead) {

@@ -1,15 +1,10 @@
 // Writing Flash, user IDs and configuration of the mid-range chips: five loops on every board, which chip
-// runs which, skipped words, Cancel, the checks, and clicks inside a run.
-#include "devices/mid_range_identification.h"
-#include "mid_desk.h"
+// runs which, skipped words, the checks, and clicks inside a run.
+#include "flash_write_desk.h"
 #include "opsmid/flash.h"
 
 namespace zelvo::test {
 namespace {
-
-const char* const LoopNames[] = {"none", "Word", "WordEnd", "FourEnd", "Eight", "Four"};
-/// One chip for each loop, by the loop's number.
-const char* const LoopChips[] = {"", "16F84A", "12F609", "12F617", "16F886", "16F690"};
 
 class WriteLoopsOn : public testing::TestWithParam<BoardKind> {
  protected:
@@ -47,20 +42,6 @@ TEST_P(EveryChipWritten, TakesItsErasesItsLoopsAndItsConfigurationRoutine) {
   model.WriteFlash(GetParam(), job);
   EXPECT_TRUE(SameLog(model.Log(), desk.WireOf(opsmid::WriteMidFlash)));
 }
-
-class FlashWrite : public testing::Test {
- protected:
-  /// Chooses the chip and gives it the image.
-  void Begin(const MidChip& chip, const FlashJob& job) {
-    MidDesk::Rest();
-    desk.Choose(chip, static_cast<int>(job.words.size()));
-    MidDesk::Take(job);
-    desk.session.Do(job.check4 ? "tick Check4" : "untick Check4");
-    desk.session.Do(job.check6 ? "tick Check6" : "untick Check6");
-    link::UserAbort = false;
-  }
-  MidDesk desk;
-};
 
 TEST_F(FlashWrite, TwoChipsRunTwoLoopsWithoutAResetBetween) {
   for (const char* number : {"16F87", "16F88"}) {
@@ -137,6 +118,19 @@ TEST_F(FlashWrite, AFrameIsAStartBitFourteenBitsAndBit14AsTheStopBit) {
   }
 }
 
+TEST_F(FlashWrite, ADigitThatIsNoneGoesOutAsTheOneBeforeIt) {
+  const std::pair<const char*, const char*> cases[] = {{"1Z34", "1134"}, {"2x0g", "2200"}};
+  for (const auto& [digits, sent] : cases) {
+    Lines logs[2];
+    for (const bool plain : {false, true}) {
+      Begin(MidChipOf("16F84A"), MixedJob());
+      image::MainBuffer(1, 1) = plain ? sent : digits;
+      logs[plain ? 1 : 0] = Only(desk.WireOf(opsmid::WriteMidFlash), "WRPD");
+    }
+    EXPECT_TRUE(SameLog(logs[1], logs[0])) << digits;
+  }
+}
+
 TEST_F(FlashWrite, OfA1024WordChipRuns128Rows) {
   desk.session.Do("choose Combo2 PIC16F84A");
   link::SpeedSetting = 0;
@@ -158,105 +152,6 @@ TEST_F(FlashWrite, RunsAtTheSpeedSetting) {
   EXPECT_EQ(link::WaitCount, 5);
   // The four ID words twice, program memory, eight words, four ID words and the configuration word.
   EXPECT_EQ(Count(log, "D cycle 5"), 2 * 4 * 2 + 4 + 8 * 1 + 5 * 4);
-}
-
-TEST_F(FlashWrite, CancelEndsTheLoopBehindTheWordInHand) {
-  for (const Loop loop : {Loop::Word, Loop::WordEnd, Loop::FourEnd, Loop::Eight, Loop::Four}) {
-    for (int word = 0; word < CutWords; ++word) {
-      const MidChip& chip = MidChipOf(LoopChips[static_cast<int>(loop)]);
-      FlashJob job = MixedJob();
-      job.cancelled = word;
-      Begin(chip, job);
-      MidWire model = desk.Model();
-      model.WriteFlash(chip, job);
-      desk.session.Do("at pump " + std::to_string(model.CancelPass) + " click FlashÍrÁllapot.Command1");
-      ASSERT_TRUE(SameLog(model.Log(), desk.WireOf(opsmid::WriteMidFlash)))
-          << LoopNames[static_cast<int>(loop)] << ", word " << word;
-    }
-  }
-}
-
-TEST_F(FlashWrite, CancelIsToldByTwoLoopsOnly) {
-  for (const Loop loop : {Loop::Word, Loop::WordEnd, Loop::FourEnd, Loop::Eight, Loop::Four}) {
-    Begin(MidChipOf(LoopChips[static_cast<int>(loop)]), MixedJob());
-    desk.session.Do("at progress FlashÍrÁllapot 1 click FlashÍrÁllapot.Command1");
-    const int number = link::EventCounter;
-    Lines expected{"L List4 " + std::to_string(number) + ":  TIME:  Flash Memória Irása Indult."};
-    if (loop == Loop::Word || loop == Loop::Eight) {
-      expected.push_back("L List4 " + std::to_string(number + 1) + ":  TIME:  Felhasználói megszakítás.");
-    }
-    EXPECT_EQ(Only(desk.WireOf(opsmid::WriteMidFlash), "L"), expected) << LoopNames[static_cast<int>(loop)];
-  }
-}
-
-TEST_F(FlashWrite, ACancelThatAnEarlierRunLeftIsToldBeforeTheLoopOfFoursAndForgottenByItsWindow) {
-  for (const Loop loop : {Loop::Word, Loop::WordEnd, Loop::FourEnd, Loop::Eight, Loop::Four}) {
-    const MidChip& chip = MidChipOf(LoopChips[static_cast<int>(loop)]);
-    const FlashJob job = MixedJob();
-    Begin(chip, job);
-    link::UserAbort = true;
-    const Lines log = desk.WireOf(opsmid::WriteMidFlash);
-    const auto told = std::ranges::find_if(
-        log, [](const std::string& line) { return line.ends_with(":  Felhasználói megszakítás."); });
-    EXPECT_EQ(told != log.end(), loop == Loop::Four) << LoopNames[static_cast<int>(loop)];
-    if (told != log.end()) {
-      EXPECT_EQ(*(told + 1), "+ FlashÍrÁllapot");
-    }
-    EXPECT_EQ(Only(log, "B").size(), static_cast<std::size_t>(CutWords));
-    EXPECT_FALSE(link::UserAbort);
-  }
-}
-
-TEST_F(FlashWrite, ACancelBetweenTwoRowsOfEightLetsTheNextWordPass) {
-  const MidChip& chip = MidChipOf("16F886");
-  FlashJob job = MixedJob();
-  Begin(chip, job);
-  job.cancelled = 8;  // the first word of the second row
-  MidWire model = desk.Model();
-  model.WriteFlash(chip, job);
-  // In the row's programming command, six bits of twice two passes before the next word's step.
-  desk.session.Do("at pump " + std::to_string(model.CancelPass - 6) + " click FlashÍrÁllapot.Command1");
-  EXPECT_TRUE(SameLog(model.Log(), desk.WireOf(opsmid::WriteMidFlash)));
-}
-
-TEST_F(FlashWrite, ACancelOfTheFirstOfTwoLoopsEndsThatLoopAndKeepsTheConfigurationUnwritten) {
-  for (const char* number : {"16F87", "16F88"}) {
-    const MidChip& chip = MidChipOf(number);
-    FlashJob job = MixedJob();
-    job.cancelled = 5;
-    Begin(chip, job);
-    MidWire model = desk.Model();
-    model.WriteFlash(chip, job);
-    desk.session.Do("at pump " + std::to_string(model.CancelPass) + " click FlashÍrÁllapot.Command1");
-    EXPECT_TRUE(SameLog(model.Log(), desk.WireOf(opsmid::WriteMidFlash))) << number;
-  }
-}
-
-TEST_F(FlashWrite, AfterACancelNoConfigurationIsWrittenWhicheverChecksAreTicked) {
-  for (const bool check4 : {false, true}) {
-    for (const bool check6 : {false, true}) {
-      const MidChip& chip = MidChipOf("16F84A");
-      FlashJob job = MixedJob();
-      job.check4 = check4;
-      job.check6 = check6;
-      job.cancelled = 10;
-      Begin(chip, job);
-      MidWire model = desk.Model();
-      model.WriteFlash(chip, job);
-      desk.session.Do("at pump " + std::to_string(model.CancelPass) + " click FlashÍrÁllapot.Command1");
-      EXPECT_TRUE(SameLog(model.Log(), desk.WireOf(opsmid::WriteMidFlash))) << check4 << check6;
-    }
-  }
-}
-
-TEST_F(FlashWrite, ACancelOfTheFirstCheckKeepsTheConfigurationUnwritten) {
-  FlashJob job = MixedJob();
-  job.check6 = true;
-  Begin(MidChipOf("16F84A"), job);
-  desk.session.Do("at progress Állapot 3 click Állapot.Command1");
-  const Lines log = desk.WireOf(opsmid::WriteMidFlash);
-  EXPECT_EQ(std::ranges::count_if(log, [](const auto& line) { return line.ends_with("Írása Indult."); }), 0);
-  EXPECT_EQ(Count(log, "+ FlashOlv"), 0);
 }
 
 TEST_F(FlashWrite, TheChecksReadBackOnceBeforeTheConfigurationOrBehindIt) {
@@ -295,14 +190,6 @@ TEST_F(FlashWrite, TheButtonIdentifiesAsksWritesAndGoesToIdle) {
     EXPECT_TRUE(SameLog(model.Log(), desk.Click("Command11")));
     EXPECT_FALSE(link::UserAbort);
   }
-}
-
-TEST_F(FlashWrite, TheButtonClearsACancelAtItsEnd) {
-  Begin(MidChipOf("16F690"), MixedJob());
-  desk.session.Do({"answer yes", "at progress FlashÍrÁllapot 0 click FlashÍrÁllapot.Command1"});
-  desk.Click("Command11");
-  EXPECT_FALSE(link::UserAbort);
-  EXPECT_FALSE(link::WholeChipRun);
 }
 
 TEST_F(FlashWrite, InsideAWholeChipWriteTheButtonAsksNothing) {

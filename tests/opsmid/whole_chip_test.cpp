@@ -196,5 +196,51 @@ TEST_F(MidWholeChip, ClosingTheProgramInAWriteLeavesTheLinesAtIdle) {
   EXPECT_EQ(Only(Lines(bar + 3, log.end()), "WRPDL"), Lines{});
 }
 
+class MidWholeChipOn : public testing::TestWithParam<BoardKind> {};
+INSTANTIATE_TEST_SUITE_P(Board, MidWholeChipOn, testing::ValuesIn(BoardKinds()), BoardName);
+
+TEST_P(MidWholeChipOn, AWriteAndAReadRunOnEveryBoard) {
+  MidDesk desk(GetParam());
+  const MidChip& chip = MidChipOf("16F887");
+  const FlashJob job = MixedJob();
+  const Values bytes = {0x12, 0xFF, 0x34, 0x00, 0xFE, 0xFF, 0x56, 0x80};
+  desk.Choose(chip);
+  MidDesk::Take(job);
+  MidDesk::FillEeprom(bytes);
+  AnsweringChip& answers = PutAnsweringChip(desk.session);
+  MidWire model = desk.Model();
+
+  answers.Word(0x2081);
+  model.PowerOn();
+  model.Identify(0x2081);
+  model.WriteFlash(chip, job);
+  model.PowerOn();
+  model.WriteEeprom(chip, bytes);
+  model.PowerOff();
+  EXPECT_TRUE(SameLog(model.Log(), desk.Click("Command21")));
+
+  MidWire read = desk.Model();
+  answers.Word(0x2081);
+  for (const int word : job.words) answers.Word(word);
+  for (const int byte : bytes) answers.Word(byte | 0x3F00);
+  for (const int word : {job.config1, job.config2}) answers.Word(word);
+  for (const int word : job.ids) answers.Word(word);
+  read.PowerOn();
+  read.Identify(0x2081);
+  read.PowerOn();
+  read.ReadFlash(job.words);
+  read.PowerOn();
+  read.ReadEeprom(bytes);
+  read.PowerOn();
+  read.ReadConfig(chip, job.config1, job.config2, true);
+  read.PowerOn();
+  read.ReadIds(job.ids, true);
+  read.PowerOff();
+  read.Line("+ Összes_Bezárása");
+  EXPECT_TRUE(SameLog(read.Log(), desk.Click("Command19")));
+  EXPECT_EQ(desk.session.Look("list FlashOlv.List1"), Lines{"Egyforma a Buffer és a beolvasott tartalom!"});
+  EXPECT_EQ(desk.session.Look("list EEPROM_Beolvas.List1"), Lines{"Egyforma a két tartalom!"});
+}
+
 }  // namespace
 }  // namespace zelvo::test
