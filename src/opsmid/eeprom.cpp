@@ -40,7 +40,7 @@ int ReadByte() {
 void WriteByte(std::string_view digits) {
   icsp::ClockOutBits(icsp::mid::LoadData);
   icsp::ClockOutBits("0");
-  icsp::ClockOutHexPair(digits);
+  icsp::ClockOutHexPair(icsp::WithHeldDigits(digits));
   icsp::RunSteps("0000000 001000 wait*2");
 }
 
@@ -88,6 +88,7 @@ void ReadMidEeprom() {
 }
 
 void WriteMidEeprom() {
+  link::WaitCount = link::SpeedSetting;
   if (!MayWrite() || link::UserAbort) return;
   Log(":  EEPROM Írása Indult.");
   devices::SelectedName = Form1.Combo2.Text.Get();

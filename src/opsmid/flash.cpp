@@ -58,7 +58,8 @@ void StoreWord(int word) {
 /// False when the operator cancelled. The chip's size counts as it is at the start.
 bool ReadWords() {
   const int words = devices::FlashWordMax + 1;
-  for (WordCounter = 1; WordCounter <= words; ++WordCounter) {
+  for (int number = 1; number <= words; ++number) {
+    WordCounter = number;  // a read clicked meanwhile counts there too, and does not end this one
     link::StepProgress(panel::Állapot, WordCounter);
     const int word = icsp::ReadFrame(icsp::mid::ReadProgram, icsp::WordFrame);
     icsp::IncrementAddress();
@@ -68,12 +69,15 @@ bool ReadWords() {
   return true;
 }
 
+std::string PairBits(std::string_view pair) {
+  icsp::HexPairToBits(icsp::WithHeldDigits(pair));
+  return icsp::ConvertedBits;
+}
+
 /// The word's sixteen bits as the image holds it.
 std::string WordBits(std::string_view word) {
-  icsp::HexPairToBits(word.substr(0, 2));
-  std::string bits = icsp::ConvertedBits;
-  icsp::HexPairToBits(word.substr(2, 2));
-  return bits + icsp::ConvertedBits;
+  const std::string high = PairBits(word.substr(0, 2));
+  return high + PairBits(word.substr(2, 2));
 }
 
 /// Loads a word unless it is erased: start bit 0, fourteen bits, and bit 14 of the image's word as the stop
@@ -90,13 +94,17 @@ void TellAbort(const WriteLoop& loop, AbortLine place) {
   if (loop.abortLine == place && link::UserAbort) Log(":  Felhasználói megszakítás.");
 }
 
-void WriteByChip(std::string_view chip) {
+/// False when the operator cancelled one of the chip's loops: the windows that open behind it forget that.
+bool WriteByChip(std::string_view chip) {
+  bool whole = true;
   for (const WriteLoop& loop : WriteLoops) {
     if (!devices::MidListHolds(loop.chips, chip)) continue;
     TellAbort(loop, AbortLine::Before);
     WriteWords(loop);
     TellAbort(loop, AbortLine::After);
+    whole = whole && !link::UserAbort;
   }
+  return whole;
 }
 
 /// One word of the loop: the increment stands behind the last word of a group and before its programming.
@@ -112,6 +120,16 @@ void WriteWord(const WriteLoop& loop, int row, int column) {
   }
 }
 
+/// False when the operator cancelled behind one of the row's words.
+bool WriteRow(const WriteLoop& loop, int row) {
+  for (int column = 1; column <= Columns; ++column) {
+    WriteWord(loop, row, column);
+    if (link::UserAbort) return false;
+  }
+  if (loop.group == Columns) icsp::RunSteps(loop.programme);
+  return true;
+}
+
 }  // namespace
 
 void WriteWords(const WriteLoop& loop) {
@@ -121,9 +139,8 @@ void WriteWords(const WriteLoop& loop) {
   LatchCount = 0;
   const int rows =
       image::RowsOf(devices::FlashWordMax);  // choosing a chip or a page meanwhile does not end the write
-  for (int row = 1; row <= rows && !link::UserAbort; ++row) {
-    for (int column = 1; column <= Columns && !link::UserAbort; ++column) WriteWord(loop, row, column);
-    if (loop.group == Columns && !link::UserAbort) icsp::RunSteps(loop.programme);
+  for (int row = 1; row <= rows; ++row) {
+    if (!WriteRow(loop, row)) break;
   }
   panel::FlashÍrÁllapot.Unload();
 }
@@ -156,7 +173,7 @@ void WriteMidFlash() {
   AskManualBoard(CycleVpp);
   link::TargetPowerOn();
   Log(":  Flash Memória Irása Indult.");
-  WriteByChip(chip);
+  const bool whole = WriteByChip(chip);
   if (!link::UserAbort) Log(":  Flash Írása Kész.");
   if (Form1.Check6.Value) {
     link::TargetPowerOn();
@@ -164,7 +181,7 @@ void WriteMidFlash() {
   }
   AskManualBoard(CycleVpp);
   link::TargetPowerOn();
-  if (!link::UserAbort) WriteConfigAndIds(chip);
+  if (whole && !link::UserAbort) WriteConfigAndIds(chip);
   link::WholeChipRun = false;
   AskManualBoard(PowerOffNow);
   if (Form1.Check4.Value && !Form1.Check6.Value) {

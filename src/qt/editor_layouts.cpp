@@ -68,7 +68,8 @@ void LayOutConfig(panel::ConfEditWindow& window, Binder& binder, QWidget& view, 
 }  // namespace
 
 bool LaidOutAsEditor(panel::Window& window, Binder& binder, QWidget& view, QVBoxLayout& layout) {
-  return LaidOutAs(LayOutConfig, window, binder, view, layout);
+  return LaidOutAs(LayOutConfig, window, binder, view, layout) ||
+         LaidOutAsWordEditor(window, binder, view, layout);
 }
 
 }  // namespace zelvo::desktop

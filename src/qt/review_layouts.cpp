@@ -44,10 +44,13 @@ void LayOutEeprom(panel::EepromReviewWindow& window, Binder& binder, QWidget& vi
   layout.addLayout(MakeButtonRow(binder, {&window.Áttöltés, &window.Mégse}));
 }
 
+/// How the blanks inside a value are drawn.
+enum class Blanks { AsTwo, AsTheyStand };
+
 /// The values go down the columns in the order of their addresses. `widest` is the longest text of a value.
 template <std::size_t Size>
 void LayOutValues(panel::ValueReviewWindow<Size>& window, int columns, const QString& widest, Binder& binder,
-                  QWidget& view, QVBoxLayout& layout) {
+                  QWidget& view, QVBoxLayout& layout, Blanks blanks = Blanks::AsTwo) {
   AddVerdict(window.eredmény, binder, view, layout);
   auto* table = new QGridLayout;
   table->setVerticalSpacing(LineHeight(view) / 6);
@@ -58,7 +61,7 @@ void LayOutValues(panel::ValueReviewWindow<Size>& window, int columns, const QSt
     QLabel* label = binder.Make(window.Labels[at]);
     label->setProperty("muted", true);
     Readout* value = binder.MakeReadout(window.Values[at]);
-    value->CollapseBlanks();
+    if (blanks == Blanks::AsTwo) value->CollapseBlanks();
     value->setAlignment(Qt::AlignCenter);
     value->setMinimumWidth(value->fontMetrics().horizontalAdvance(widest));
     table->addWidget(label, row, col);
@@ -78,6 +81,24 @@ void LayOutIds(panel::IdReviewWindow& window, Binder& binder, QWidget& view, QVB
   LayOutValues(window, 2, QStringLiteral("FF  W  "), binder, view, layout);
 }
 
+QString WidestWord() {
+  return QStringLiteral("0  0  0  0  0  0  0  0  0  0  0  0  0  0  0  0 bin  ");
+}
+
+void LayOutMidConfig(panel::MidConfigReviewWindow& window, Binder& binder, QWidget& view,
+                     QVBoxLayout& layout) {
+  LayOutValues(window, 1, WidestWord(), binder, view, layout);
+}
+
+void LayOutMidConfigPair(panel::MidConfigPairReviewWindow& window, Binder& binder, QWidget& view,
+                         QVBoxLayout& layout) {
+  LayOutValues(window, 1, WidestWord(), binder, view, layout);
+}
+
+void LayOutMidIds(panel::MidIdReviewWindow& window, Binder& binder, QWidget& view, QVBoxLayout& layout) {
+  LayOutValues(window, 1, QStringLiteral("3FFFh, 16383dec  "), binder, view, layout, Blanks::AsTheyStand);
+}
+
 void LayOutCloser(panel::CloseReviewsWindow& window, Binder& binder, QWidget&, QVBoxLayout& layout) {
   layout.addWidget(binder.Make(window.Command1));
 }
@@ -89,6 +110,9 @@ bool LaidOutAsReview(panel::Window& window, Binder& binder, QWidget& view, QVBox
          LaidOutAs(LayOutEeprom, window, binder, view, layout) ||
          LaidOutAs(LayOutConfig, window, binder, view, layout) ||
          LaidOutAs(LayOutIds, window, binder, view, layout) ||
+         LaidOutAs(LayOutMidConfig, window, binder, view, layout) ||
+         LaidOutAs(LayOutMidConfigPair, window, binder, view, layout) ||
+         LaidOutAs(LayOutMidIds, window, binder, view, layout) ||
          LaidOutAs(LayOutCloser, window, binder, view, layout);
 }
 

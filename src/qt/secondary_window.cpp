@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QPushButton>
 #include <QScreen>
 #include <algorithm>
@@ -38,8 +39,9 @@ struct ReviewSide {
   double across, down;
 };
 const ReviewSide ReviewSides[] = {
-    {&panel::FlashOlv, 0.5, 0.5},   {&panel::EEPROM_Beolvas, 1, 0},  {&panel::IDLocO, 0, 1},
-    {&panel::Config_Beolvas, 0, 0}, {&panel::Összes_Bezárása, 1, 1},
+    {&panel::FlashOlv, 0.5, 0.5},   {&panel::EEPROM_Beolvas, 1, 0},     {&panel::IDLocO, 0, 1},
+    {&panel::Config_Beolvas, 0, 0}, {&panel::Config_Beolvas_F16, 0, 0}, {&panel::Config_2008_Olv_F16, 0, 0},
+    {&panel::IDLoc_F16, 0, 1},      {&panel::Összes_Bezárása, 1, 1},
 };
 
 const ReviewSide* SideOf(const panel::Window& window) {
@@ -76,6 +78,7 @@ void SecondaryWindow::Place() {
   const QRect room = owner_.screen()->availableGeometry();
   // A window has a frame only once it is shown; that of the main window is as wide.
   const QSize borders = owner_.frameGeometry().size() - owner_.size();
+  layout()->activate();  // else parts that this load hides keep their room
   const QSize wanted = sizeHint().expandedTo(QSize(TitleWidth(*this), 0));
   resize(wanted.boundedTo(room.size() * 0.92 - borders));
   const std::vector<QRect> others = OtherReviews(borders);
@@ -122,7 +125,7 @@ void SecondaryWindow::keyPressEvent(QKeyEvent* event) {
     close();
     return;
   }
-  for (const char* way : {"Nem", "Megse", "Mégse", "Command1"}) {
+  for (const char* way : {"Nem", "Megse", "Mégse", "Command2", "Command1"}) {
     auto* button = findChild<QPushButton*>(QString::fromUtf8(way));
     if (event->key() != Qt::Key_Escape || event->isAutoRepeat() || button == nullptr || !button->isVisible())
       continue;

@@ -40,6 +40,8 @@ QFrame[readout="true"] { background: %heading; color: %ink; border: @hpx solid %
                          padding: @hpx @2px; }
 QFrame[readout="true"]:focus { border-color: %accent; }
 QLineEdit { background: %card; border: @hpx solid %accent; border-radius: @1px; padding: @hpx @2px; }
+QLineEdit[bit="true"] { border-color: %border; selection-background-color: %wash; selection-color: %ink; }
+QLineEdit[bit="true"]:focus { border-color: %accent; }
 QTableView, QListView { background: %card; border: @hpx solid %rule; border-radius: @1px;
                         selection-background-color: %wash; selection-color: %ink; }
 QTableView:focus, QListView:focus { border-color: %accent; }
@@ -122,15 +124,15 @@ QColor FromPanel(panel::Colour colour) {
   return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
 }
 
-void SetGround(QWidget& list, panel::Colour colour) {
+void SetGround(QWidget& widget, panel::Colour colour) {
   QString sheet;
-  if (colour != panel::White) {
+  if (colour != panel::White && colour != panel::WindowColour) {
     const QColor ground = FromPanel(colour);
     const QColor ink = qGray(ground.rgb()) > 127 ? QColor(colours::Ink) : QColor(colours::Card);
-    sheet = QStringLiteral(".QListView, .QLabel { background: %1; color: %2; border-color: %3; }")
+    sheet = QStringLiteral(".QListView, .QLabel, QLineEdit { background: %1; color: %2; border-color: %3; }")
                 .arg(ground.name(), ink.name(), ground.darker(115).name());
   }
-  if (list.styleSheet() != sheet) list.setStyleSheet(sheet);
+  if (widget.styleSheet() != sheet) widget.setStyleSheet(sheet);
 }
 
 QIcon ChipIcon() {

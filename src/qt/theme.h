@@ -19,8 +19,9 @@ void ApplyTheme(QApplication& application);
 [[nodiscard]] QFont MonospacedFont();
 /// The panel's blue-green-red number as a colour.
 [[nodiscard]] QColor FromPanel(panel::Colour colour);
-/// Gives a list the panel's colour for its ground, with ink that can be read on it; white is the list's own.
-void SetGround(QWidget& list, panel::Colour colour);
+/// Gives a list or an edit box the panel's colour for its ground, with ink that can be read on it; white and
+/// the system's colour are its own.
+void SetGround(QWidget& widget, panel::Colour colour);
 /// The program's mark: a chip in its socket.
 [[nodiscard]] QIcon ChipIcon();
 /// Height of a line of text: the unit of all distances.

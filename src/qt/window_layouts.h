@@ -22,6 +22,9 @@ void LayOutWindow(panel::Window& window, Binder& binder, QWidget& view);
 [[nodiscard]] bool LaidOutAsReview(panel::Window& window, Binder& binder, QWidget& view, QVBoxLayout& layout);
 /// Editors of the image.
 [[nodiscard]] bool LaidOutAsEditor(panel::Window& window, Binder& binder, QWidget& view, QVBoxLayout& layout);
+/// The one of them for the mid-range configuration words.
+[[nodiscard]] bool LaidOutAsWordEditor(panel::Window& window, Binder& binder, QWidget& view,
+                                       QVBoxLayout& layout);
 /// Saving the image, and windows that only tell something.
 [[nodiscard]] bool LaidOutAsInformation(panel::Window& window, Binder& binder, QWidget& view,
                                         QVBoxLayout& layout);

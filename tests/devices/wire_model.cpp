@@ -130,16 +130,16 @@ void WireModel::Out(std::string_view bits) {
   }
 }
 
-void WireModel::In(int byte) {
+void WireModel::In(int value, int bits) {
   Change(Wire::Data, true);
   Wait();
-  for (int i = 0; i < 8; ++i) {
+  for (int i = 0; i < bits; ++i) {
     Shape(Wire::Clock, true);
     Write(0);
     Wait();
     Shape(Wire::Clock, false);
     Write(0);
-    const bool high = ((byte >> i) & 1) != 0;
+    const bool high = ((value >> i) & 1) != 0;
     const bool inputInverted = (wiring_.inverted & (wiring_.com ? 4 : 16)) != 0;
     const bool pin = high != inputInverted;
     if (wiring_.com) {

@@ -31,8 +31,8 @@ class WireModel {
   void PowerOn();
   /// Clocks a text of bits out, its last character first.
   void Out(std::string_view bits);
-  /// Clocks a byte in, bit 0 first.
-  void In(int byte);
+  /// Clocks `bits` bits in, bit 0 first.
+  void In(int value, int bits = 8);
   /// One element of a command script with three waits behind it.
   void ScriptElement(std::string_view bits);
   /// The pointer at the three bytes, each given as 8 bits.

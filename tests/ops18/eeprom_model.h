@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "operations.h"
-#include "wire_model.h"
+#include "support/wire_model.h"
 
 namespace zelvo::test {
 

@@ -12,6 +12,7 @@
 #include "icsp/conversions.h"
 #include "icsp/scripts.h"
 #include "image/buffers.h"
+#include "image/eeprom_walk.h"
 #include "link/delays.h"
 #include "link/run_state.h"
 #include "panel/form1.h"
@@ -336,7 +337,7 @@ TEST_F(EepromTraffic, TwoHundredAndFiftySixBytesFillThirtyTwoRowsOfEight) {
     ASSERT_EQ(image::EepromReadBuffer(i % 8 + 1, i / 8 + 1), text) << i;
   }
   EXPECT_EQ(image::EepromReadBuffer(1, 33), "??");
-  EXPECT_EQ(ops18::EepromAddress, 256);
+  EXPECT_EQ(image::EepromAddress, 256);
   EXPECT_EQ(panel::EEPROM_Beolvas.MSFlexGrid2.Rows(), 33);
 }
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "support/bench_session.h"
-#include "wire_model.h"
+#include "support/wire_model.h"
 
 namespace zelvo::test {
 

@@ -3,7 +3,7 @@
 
 #include "chip_tables.h"
 #include "operations.h"
-#include "wire_model.h"
+#include "support/wire_model.h"
 
 namespace zelvo::test {
 

@@ -1,4 +1,4 @@
-#include "wire_model.h"
+#include "support/wire_model.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -30,7 +30,7 @@ std::string Bits(int value, int count) {
 }  // namespace
 
 Lines WithoutTimes(Lines log) {
-  static const std::regex time("^(L \\w+ \\d+:  )\\d\\d:\\d\\d:\\d\\d(:  )");
+  static const std::regex time("^(L \\w+ \\d+:  )\\d\\d:\\d\\d:\\d\\d(: )");
   for (std::string& line : log) {
     if (line.starts_with("L ")) line = std::regex_replace(line, time, "$1TIME$2");
   }
@@ -45,8 +45,8 @@ void WireModel::Line(std::string line) {
   log_.push_back(std::move(line));
 }
 
-void WireModel::Event(int number, std::string_view text) {
-  Line("L List1 " + std::to_string(number) + ":  TIME" + std::string(text));
+void WireModel::Event(int number, std::string_view text, std::string_view list) {
+  Line("L " + std::string(list) + " " + std::to_string(number) + ":  TIME" + std::string(text));
 }
 
 void WireModel::Wait(int count) {
@@ -169,11 +169,11 @@ void WireModel::ReadByte(int value) {
   InByte(value);
 }
 
-void WireModel::InByte(int value) {
+void WireModel::In(int value, int bits) {
   Read(OutputOffset());
   Data(true);
   Wait();
-  for (int bit = 0; bit < 8; ++bit) {
+  for (int bit = 0; bit < bits; ++bit) {
     Clock(true);
     Wait();
     Clock(false);

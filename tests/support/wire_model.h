@@ -27,7 +27,7 @@ class WireModel {
 
   // Lines of the log that are no port access.
   void Line(std::string line);
-  void Event(int number, std::string_view text);  ///< a line of `List1`
+  void Event(int number, std::string_view text, std::string_view list = "List1");
   void Wait(int count = 1);
 
   // The board.
@@ -41,8 +41,9 @@ class WireModel {
   void Frame(std::string_view command, int payload);
   /// Table read with post-increment of a byte that the chip has: command, wait, dummy clocks, the byte.
   void ReadByte(int value);
-  /// Eight clocks in which the chip drives the data line.
-  void InByte(int value);
+  /// `bits` clocks in which the chip drives the data line, bit 0 first.
+  void In(int value, int bits);
+  void InByte(int value) { In(value, 8); }
   void Pulse();
 
   // Runs of transactions.
