@@ -26,6 +26,7 @@ class RoomyScrollArea : public QScrollArea {
     setWidget(inner);
     setWidgetResizable(true);
     setFrameShape(NoFrame);
+    setFocusPolicy(Qt::NoFocus);  // the grids in it are what Tab walks through
   }
   [[nodiscard]] QSize sizeHint() const override { return widget()->sizeHint(); }
 };
