@@ -51,6 +51,7 @@ void ReadOne(void (*read)()) {
     if (!MayRun(MidVerb::Read)) return;
     PowerOnAnd(read);
   }
+  link::UserAbort = false;
   link::TargetPowerOff();
 }
 
@@ -68,6 +69,7 @@ void WriteEepromClicked() {
   if (!devices::ChipIsSelected() || !opsmid::HasMidEeprom()) return;
   opsmid::AskManualBoard(opsmid::PowerOn);
   opsmid::WriteMidEeprom();
+  link::UserAbort = false;  // else the next write would not begin
   opsmid::AskManualBoard(opsmid::PowerOffNow);
   link::TargetPowerOff();
 }

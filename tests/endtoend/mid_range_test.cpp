@@ -264,6 +264,26 @@ INSTANTIATE_TEST_SUITE_P(Chip, TakenForAnother,
                                          "PIC16F913", "PIC16F914", "PIC16F916", "PIC16F917", "PIC16F946"),
                          TestName);
 
+class OscillatorCalibration : public testing::TestWithParam<std::string> {};
+
+/// The word stands in the image like any other: take it over with a read before, and the write puts it back.
+TEST_P(OscillatorCalibration, IsLostByAnEraseAndComesBackWithAnImageThatWasReadBefore) {
+  MidJob it(ShippedBoard(), GetParam());
+  const auto word = [&it] {
+    it.Click("Command8");
+    return it.job.session.Ask("var FlashReadBuffer(8,128)");
+  };
+  EXPECT_EQ(word(), "3480") << "as the chip left the factory";
+  it.job.Click("FlashOlv.FlashPuff");
+  it.Click("Command12");
+  EXPECT_EQ(word(), "3FFF");
+  it.Click("Command11");
+  EXPECT_EQ(word(), "3480");
+}
+
+INSTANTIATE_TEST_SUITE_P(Chip, OscillatorCalibration,
+                         testing::Values("PIC12F629", "PIC12F675", "PIC16F630", "PIC16F676"), TestName);
+
 TEST(MidRangeManualBoard, IsWrittenByTheOperatorsHandsOnItsSwitches) {
   Job job;
   job.Do({"board lpt manual inverted=clock,data,input", "tab 1", "socket PIC16F628",
