@@ -23,32 +23,11 @@ constexpr Nanoseconds kDischarge = 500;
 }  // namespace
 
 MidChip::MidChip(const MidRow& row, std::uint16_t deviceId)
-    : name_(row.name), row_(&row), facts_(&FactsOf(row.generation)), memory_(row, deviceId) {}
+    : SerialChip(row.name), row_(&row), facts_(&FactsOf(row.generation)), memory_(row, deviceId) {}
 
-void MidChip::Drive(const LineLevels& lines, Nanoseconds now) {
-  const LineLevels before = lines_;
-  lines_ = lines;
-  if (!programming_) {
-    // Either voltage may come first: the second one decides.
-    const bool complete = lines.vdd && lines.vpp && !(before.vdd && before.vpp);
-    if (complete && !lines.pgc && !lines.pgd) Enter(now);
-    return;
-  }
-  if (!lines.vdd || !lines.vpp) {
-    Leave(now);
-    return;
-  }
-  if (lines.pgc == before.pgc) return;
-  if (lines.pgc) {
-    ClockRises(now);
-  } else {
-    // Data that changes in the same moment as the falling edge comes too late for it.
-    ClockFalls(before.pgd, now);
-  }
-}
-
-std::optional<bool> MidChip::DataOut(Nanoseconds) {
-  return driving_ ? std::optional<bool>(level_) : std::nullopt;
+/// Either voltage may come first: the second one decides.
+bool MidChip::Enters(const LineLevels& before, const LineLevels& after) const {
+  return after.vdd && after.vpp && !(before.vdd && before.vpp);
 }
 
 bool MidChip::Burn(std::uint32_t address, std::uint8_t value) {
@@ -62,21 +41,19 @@ std::map<std::uint32_t, std::uint8_t> MidChip::Image() const {
   return finished.Image();
 }
 
-void MidChip::Enter(Nanoseconds now) {
+void MidChip::Entered(Nanoseconds) {
   phase_ = Phase::Command;
   bit_ = 0;
   shift_ = 0;
   counter_ = 0;
   command_ = MidCommand::None;
   Unload();
-  driving_ = clocked_ = holding_ = discharging_ = setupBegun_ = false;
+  holding_ = discharging_ = setupBegun_ = false;
   armed_ = Armed::No;
   running_ = Work{};
-  entered_ = lastEdge_ = now;
-  programming_ = true;
 }
 
-void MidChip::Leave(Nanoseconds now) {
+void MidChip::Leaving(Nanoseconds now) {
   if (holding_) EndHold(now);
   Settle(now);
   if (running_.job != Job::None) {
@@ -90,7 +67,6 @@ void MidChip::Leave(Nanoseconds now) {
     }
     running_ = Work{};
   }
-  programming_ = driving_ = false;
 }
 
 void MidChip::ClockRises(Nanoseconds now) {

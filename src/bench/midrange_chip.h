@@ -4,23 +4,18 @@
 
 #include <array>
 
-#include "bench/board.h"
-#include "bench/chip_timing.h"
 #include "bench/midrange_facts.h"
 #include "bench/midrange_memory.h"
+#include "bench/serial_chip.h"
 
 namespace zelvo::bench {
 
-class MidChip final : public Chip {
+class MidChip final : public SerialChip {
  public:
   MidChip(const MidRow& row, std::uint16_t deviceId);
 
-  [[nodiscard]] const std::string& Name() const override { return name_; }
-  void Drive(const LineLevels& lines, Nanoseconds now) override;
-  [[nodiscard]] std::optional<bool> DataOut(Nanoseconds now) override;
   [[nodiscard]] bool Burn(std::uint32_t address, std::uint8_t value) override;
   [[nodiscard]] std::map<std::uint32_t, std::uint8_t> Image() const override;
-  [[nodiscard]] std::vector<TimingFault> Timing() const override { return waits_.Faults(); }
 
  private:
   static constexpr std::size_t kMostLatches = 8;
@@ -46,10 +41,11 @@ class MidChip final : public Chip {
     MidEraseScope scope{};
   };
 
-  void Enter(Nanoseconds now);
-  void Leave(Nanoseconds now);
-  void ClockRises(Nanoseconds now);
-  void ClockFalls(bool data, Nanoseconds now);
+  [[nodiscard]] bool Enters(const LineLevels& before, const LineLevels& after) const override;
+  void Entered(Nanoseconds now) override;
+  void Leaving(Nanoseconds now) override;
+  void ClockRises(Nanoseconds now) override;
+  void ClockFalls(bool data, Nanoseconds now) override;
   void FrameBegins(Nanoseconds now);
 
   [[nodiscard]] MidCommand Decode(std::uint8_t code) const;
@@ -73,14 +69,9 @@ class MidChip final : public Chip {
   void Settle(Nanoseconds now);
   static void Perform(const Work& work, MidMemory& memory);
 
-  std::string name_;
   const MidRow* row_;
   const MidGenerationFacts* facts_;
   MidMemory memory_;
-  WaitLog waits_;
-
-  LineLevels lines_;
-  bool programming_ = false;
 
   // The frame. Nothing but leaving programming mode brings it back into step.
   Phase phase_ = Phase::Command;
@@ -88,12 +79,7 @@ class MidChip final : public Chip {
   std::uint32_t shift_ = 0;                // its bits, the first one lowest
   MidCommand command_ = MidCommand::None;  // None for one that was not heard
   std::uint16_t output_ = 0;               // word on its way out
-  bool driving_ = false;
-  bool level_ = false;
   Nanoseconds commandStart_ = 0;
-  Nanoseconds lastEdge_ = 0;
-  Nanoseconds entered_ = 0;
-  bool clocked_ = false;  // since programming mode was entered
 
   std::uint16_t counter_ = 0;
   Latches latches_{};

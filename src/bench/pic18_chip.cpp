@@ -27,7 +27,7 @@ constexpr std::uint8_t kMultiPanel = 0x40;
 }  // namespace
 
 Pic18Chip::Pic18Chip(const Pic18Row& row, std::uint16_t deviceId)
-    : name_(row.name),
+    : SerialChip(row.name),
       row_(&row),
       facts_(&FactsOf(row.family)),
       memory_(row, deviceId),
@@ -35,29 +35,8 @@ Pic18Chip::Pic18Chip(const Pic18Row& row, std::uint16_t deviceId)
       // The ID locations of a one-key chip have a buffer of their own behind those of the panels.
       latches_(facts_->oneKey ? (PanelCount() + 1) * kOneKeyLatches : row.latches, kBlank) {}
 
-void Pic18Chip::Drive(const LineLevels& lines, Nanoseconds now) {
-  const LineLevels before = lines_;
-  lines_ = lines;
-  if (!programming_) {
-    const bool rises = lines.vpp && !before.vpp;
-    if (rises && lines.vdd && before.vdd && !lines.pgc && !lines.pgd) Enter(now);
-    return;
-  }
-  if (!lines.vdd || !lines.vpp) {
-    Leave(now);
-    return;
-  }
-  if (lines.pgc == before.pgc) return;
-  if (lines.pgc) {
-    ClockRises(now);
-  } else {
-    // Data that changes in the same moment as the falling edge comes too late for it.
-    ClockFalls(before.pgd, now);
-  }
-}
-
-std::optional<bool> Pic18Chip::DataOut(Nanoseconds) {
-  return driving_ ? std::optional<bool>(level_) : std::nullopt;
+bool Pic18Chip::Enters(const LineLevels& before, const LineLevels& after) const {
+  return after.vpp && !before.vpp && after.vdd && before.vdd;
 }
 
 bool Pic18Chip::Burn(std::uint32_t address, std::uint8_t value) {
@@ -71,22 +50,20 @@ std::map<std::uint32_t, std::uint8_t> Pic18Chip::Image() const {
   return finished.Image();
 }
 
-void Pic18Chip::Enter(Nanoseconds now) {
+void Pic18Chip::Entered(Nanoseconds) {
   core_.Reset();
   std::fill(latches_.begin(), latches_.end(), kBlank);
   bit_ = 0;
   shift_ = 0;
-  outputs_ = driving_ = holding_ = discharging_ = clocked_ = false;
+  outputs_ = holding_ = discharging_ = false;
   held_ = erase_ = running_ = Work{};
   busySince_ = busyUntil_ = 0;
   busyTold_ = false;
   eraseKeyHigh_ = 0;
   multiPanel_ = false;
-  entered_ = lastEdge_ = now;
-  programming_ = true;
 }
 
-void Pic18Chip::Leave(Nanoseconds now) {
+void Pic18Chip::Leaving(Nanoseconds now) {
   if (holding_) EndHold(now);
   Settle(now);
   if (running_.job != Job::None) {
@@ -96,7 +73,6 @@ void Pic18Chip::Leave(Nanoseconds now) {
     if (running_.job == Job::Eeprom) memory_.WriteEeprom(running_.address, kBlank);
     running_ = Work{};
   }
-  programming_ = driving_ = false;
 }
 
 void Pic18Chip::ClockRises(Nanoseconds now) {

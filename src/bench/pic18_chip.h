@@ -3,23 +3,18 @@
 
 #include <vector>
 
-#include "bench/board.h"
-#include "bench/chip_timing.h"
 #include "bench/pic18_core.h"
 #include "bench/pic18_memory.h"
+#include "bench/serial_chip.h"
 
 namespace zelvo::bench {
 
-class Pic18Chip final : public Chip {
+class Pic18Chip final : public SerialChip {
  public:
   Pic18Chip(const Pic18Row& row, std::uint16_t deviceId);
 
-  [[nodiscard]] const std::string& Name() const override { return name_; }
-  void Drive(const LineLevels& lines, Nanoseconds now) override;
-  [[nodiscard]] std::optional<bool> DataOut(Nanoseconds now) override;
   [[nodiscard]] bool Burn(std::uint32_t address, std::uint8_t value) override;
   [[nodiscard]] std::map<std::uint32_t, std::uint8_t> Image() const override;
-  [[nodiscard]] std::vector<TimingFault> Timing() const override { return waits_.Faults(); }
 
  private:
   static constexpr std::uint32_t kOneKeyLatches = 8;  // bytes a panel
@@ -35,10 +30,11 @@ class Pic18Chip final : public Chip {
     Pic18EraseScope scope{};
   };
 
-  void Enter(Nanoseconds now);
-  void Leave(Nanoseconds now);
-  void ClockRises(Nanoseconds now);
-  void ClockFalls(bool data, Nanoseconds now);
+  [[nodiscard]] bool Enters(const LineLevels& before, const LineLevels& after) const override;
+  void Entered(Nanoseconds now) override;
+  void Leaving(Nanoseconds now) override;
+  void ClockRises(Nanoseconds now) override;
+  void ClockFalls(bool data, Nanoseconds now) override;
   void BeginHold(Nanoseconds now);
   void EndHold(Nanoseconds now);
 
@@ -61,28 +57,18 @@ class Pic18Chip final : public Chip {
   [[nodiscard]] std::uint32_t PanelCount() const;
   void ProgramLatches(std::uint32_t address, Pic18Memory& memory) const;
 
-  std::string name_;
   const Pic18Row* row_;
   const Pic18FamilyFacts* facts_;
   Pic18Memory memory_;
   Pic18Core core_;
-  WaitLog waits_;
   std::vector<std::uint8_t> latches_;
-
-  LineLevels lines_;
-  bool programming_ = false;
 
   // The 20-bit beat. Nothing but leaving programming mode brings it back into step.
   int bit_ = 0;              // clocks that the frame has had
   std::uint32_t shift_ = 0;  // its bits, the first one lowest
   std::uint8_t output_ = 0;  // byte on its way out
   bool outputs_ = false;     // this frame shifts out
-  bool driving_ = false;
-  bool level_ = false;
   Nanoseconds frameStart_ = 0;
-  Nanoseconds lastEdge_ = 0;
-  Nanoseconds entered_ = 0;
-  bool clocked_ = false;  // since programming mode was entered
 
   Work held_;  // starts with the 4th clock of the next frame, ends when that clock falls
   bool holding_ = false;

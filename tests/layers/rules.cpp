@@ -19,7 +19,7 @@ const std::map<std::string, int> Heights = {
 /// The simulated hardware is the judge of the protocol, so it takes nothing from what it judges.
 const std::array<std::string_view, 6> JudgedFolders = {"link", "icsp", "devices", "image", "ops18", "opsmid"};
 const std::regex SimulatedHardware(
-    "^bench/(pic18_|midrange_|mid_range_|chip|socket)[a-z0-9_]*\\.(h|cpp)$|^bench/"
+    "^bench/(pic18_|midrange_|mid_range_|serial_chip|chip|socket)[a-z0-9_]*\\.(h|cpp)$|^bench/"
     "(board|[a-z]+_board)\\.(h|cpp)$");
 
 const std::regex SystemHeader(
