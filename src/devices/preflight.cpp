@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "devices/catalogue.h"
 #include "devices/identification.h"
 #include "devices/mid_range_identification.h"
 #include "devices/selection.h"
@@ -47,7 +48,7 @@ bool Ask(const char* question, const Question& how) {
 }
 
 /// The chip in the socket has been named: may the operation run on it?
-bool AskAboutChip(const Questions& questions) {
+bool AskAboutChip(const Questions& questions, bool selectionIsKnown) {
   bool answered = false;
   if (DetectedName == NoChipText) {
     if (!Ask("Nem érzékelek PIC-et!", questions.noChip)) return false;
@@ -57,16 +58,15 @@ bool AskAboutChip(const Questions& questions) {
     if (!Ask("Ismeretlen_PIC!", questions.unknown)) return false;
     answered = true;
   }
-  if (answered || SelectedName == DetectedName) return true;
+  if (answered || (selectionIsKnown && SelectedName == DetectedName)) return true;
   return Ask("A detektált PIC nem azonos a kiválasztottal!", questions.other);
 }
 
-bool IdentifyAndAsk(panel::ComboBox& combo, void (*identify)(), const Questions& questions) {
+void IdentifySilently(const panel::ComboBox& combo, void (*identify)()) {
   SelectedName = combo.Text.Get();
   SilentIdentify = true;
   identify();
   SilentIdentify = false;
-  return AskAboutChip(questions);
 }
 
 }  // namespace
@@ -76,11 +76,14 @@ bool Preflight(Verb verb) {
 }
 
 bool PreflightQuestions(Verb verb) {
-  return IdentifyAndAsk(panel::Form1.Combo1, IdentifyPic18, Pic18Questions[static_cast<int>(verb)]);
+  IdentifySilently(panel::Form1.Combo1, IdentifyPic18);
+  return AskAboutChip(Pic18Questions[static_cast<int>(verb)], true);
 }
 
 bool MidRangeQuestions(MidVerb verb) {
-  return IdentifyAndAsk(panel::Form1.Combo2, IdentifyMidrange, MidQuestions[static_cast<int>(verb)]);
+  IdentifySilently(panel::Form1.Combo2, IdentifyMidrange);
+  // The identification may have put a name there that the list does not have: nothing fits such a chip.
+  return AskAboutChip(MidQuestions[static_cast<int>(verb)], FindMidRange(SelectedName) != nullptr);
 }
 
 }  // namespace zelvo::devices

@@ -3,9 +3,9 @@
 
 namespace zelvo::link {
 
-inline bool WholeChipRun = false;   ///< the single operations of a whole-chip write skip their own questions
-inline bool UserAbort = false;      ///< set by Cancel, cleared when a progress window opens and behind most runs
-inline int VddOnFlag = 0;           ///< 1 while the operator has switched the supply on by hand
+inline bool WholeChipRun = false;  ///< the single operations of a whole-chip write skip their own questions
+inline bool UserAbort = false;  ///< set by Cancel, cleared when a progress window opens and behind most runs
+inline int VddOnFlag = 0;       ///< 1 while the operator has switched the supply on by hand
 inline bool PortCheckOpen = false;  ///< the port check window is open
 
 }  // namespace zelvo::link

@@ -162,7 +162,7 @@ void ReadMidFlash() {
   panel::FlashOlv.Load();
 }
 
-void WriteMidFlash() {
+bool WriteMidFlash() {
   link::WaitCount = link::SpeedSetting;
   link::WholeChipRun = true;
   AskManualBoard(PowerOn);
@@ -188,6 +188,7 @@ void WriteMidFlash() {
     link::TargetPowerOn();
     ReadMidFlash();
   }
+  return whole;
 }
 
 }  // namespace zelvo::opsmid

@@ -17,7 +17,8 @@ void ReadMidFlash();
 /// Erases program memory, writes `MainBuffer`, the user IDs and the configuration of the chip in `Combo2`.
 /// Powers the target itself; with the manual board it asks the operator to. Cancel ends it behind the word in
 /// hand.
-void WriteMidFlash();
+/// A cancelled write leaves user IDs and configuration unwritten and gives false.
+bool WriteMidFlash();
 
 /// How a chip takes the words of a write.
 struct WriteLoop {

@@ -32,7 +32,8 @@ int LinesModel::rowCount(const QModelIndex& parent) const {
 QVariant LinesModel::data(const QModelIndex& index, int role) const {
   // The list may have become shorter since the toolkit was told.
   const auto at = static_cast<std::size_t>(index.row());
-  if (role != Qt::DisplayRole || at >= list_.Lines().size()) return {};
+  // A line that is too long for the list is told whole under the mouse.
+  if ((role != Qt::DisplayRole && role != Qt::ToolTipRole) || at >= list_.Lines().size()) return {};
   return Text(list_.Lines()[at]);
 }
 

@@ -28,7 +28,7 @@ bool StandsAside(const panel::Window& window) {
 int TitleWidth(const QWidget& window) {
   QFont bold = window.font();
   bold.setBold(true);
-  constexpr int Furniture = 7;  // lines of text
+  constexpr int Furniture = 9;  // lines of text
   return QFontMetrics(bold).horizontalAdvance(window.windowTitle()) + Furniture * LineHeight(window);
 }
 
@@ -71,6 +71,8 @@ void SecondaryWindow::Refresh() {
   show();
   raise();
   activateWindow();
+  // One Enter too many must not take the chip's values over.
+  if (auto* leave = findChild<QPushButton*>(QStringLiteral("Nem"))) leave->setFocus();
 }
 
 void SecondaryWindow::Place() {

@@ -83,6 +83,7 @@ void HideWord(const Word& word) {
     ConfEdit_F16.Headings.at(j).Visible = false;
     ConfEdit_F16.Names.at(j).Visible = false;
     ConfEdit_F16.Boxes.at(j).Visible = false;
+    ConfEdit_F16.Boxes.at(j).Text = std::string("1");  // accepted with the others: the erased word
   }
 }
 

@@ -100,6 +100,7 @@ void EraseClicked() {
   if (!opsmid::OnManualBoard() && !MayRun(MidVerb::Erase)) return;
   opsmid::EraseChip();
   devices::MidEraseRun = false;
+  link::UserAbort = false;
   opsmid::AskManualBoard(opsmid::PowerOffNow);
   OfferToCloseReviews();
 }
@@ -112,6 +113,7 @@ void ReadWholeChip() {
   if (devices::EepromMax != 0) PowerOnAnd(opsmid::ReadMidEeprom);
   PowerOnAnd(opsmid::ReadMidConfig);
   PowerOnAnd(opsmid::ReadMidUserIds);
+  link::UserAbort = false;
   link::TargetPowerOff();
   Reopen(panel::Összes_Bezárása);
 }
@@ -121,7 +123,8 @@ void WriteWholeChip() {
   if (opsmid::OnManualBoard()) return Tell("ZLPT_minivel csak egyenként lehet írni a tartalmakat.");
   if (!MayRun(MidVerb::Write)) return;
   link::UserAbort = false;
-  opsmid::WriteMidFlash();
+  // The read-back of a cancelled write has forgotten the Cancel; the EEPROM must not be written behind it.
+  if (!opsmid::WriteMidFlash()) link::UserAbort = true;
   if (devices::EepromMax != 0) {
     link::WholeChipRun = true;
     PowerOnAnd(opsmid::WriteMidEeprom);

@@ -49,8 +49,11 @@ std::string SpacedBits(const Word& word) {
   return bits;
 }
 
-std::string ReadBits(const Word& word) {
-  return word.raw.size() > 2 ? word.raw.substr(2) : std::string();
+// The bits as they were read, while a review lives: a file loaded meanwhile brings bits of its own.
+std::array<std::string, 2> readBits;
+
+std::string BitsOf(const std::string& raw) {
+  return raw.size() > 2 ? raw.substr(2) : std::string();
 }
 
 /// One of the two configuration reviews: bits and digits of each word side by side in its lists.
@@ -68,7 +71,7 @@ const ConfigReview TwoWords{Config_2008_Olv_F16, Config_2008_Olv_F16.Values, Con
 void TakeConfig(const ConfigReview& review) {
   for (std::size_t i = 0; i < review.words; ++i) {
     const Word& word = Words[i];
-    word.bits = ReadBits(word);
+    word.bits = readBits[i];
     word.list.Clear();
     word.list.AddItem(" " + Digits(word) + "h,  " + SpacedBits(word) + " bin");
   }
@@ -87,7 +90,8 @@ void ConfigOpened(const ConfigReview& review) {
     const Word& word = Words[i];
     review.lists[2 * i].AddItem(SpacedBits(word) + " bin");
     review.lists[2 * i + 1].AddItem(Digits(word) + review.behindDigits);
-    equal = equal && word.bits == ReadBits(word);
+    readBits[i] = BitsOf(word.raw);
+    equal = equal && word.bits == readBits[i];
   }
   Tell(review.verdict, Form1.List4,
        equal ? Verdict{" A két tartalom azonos!", panel::LightGreen,

@@ -284,6 +284,20 @@ TEST_P(OscillatorCalibration, IsLostByAnEraseAndComesBackWithAnImageThatWasReadB
 INSTANTIATE_TEST_SUITE_P(Chip, OscillatorCalibration,
                          testing::Values("PIC12F629", "PIC12F675", "PIC16F630", "PIC16F676"), TestName);
 
+TEST(MidRangeIdentification, ANameThatTheListDoesNotHaveIsAskedAboutBeforeEveryOperation) {
+  Job job;
+  job.Do({"tab 1", "socket PIC12F683", "choose Combo2 PIC16F887", "click Command9"});
+  EXPECT_EQ(job.session.Ask("get Combo2"), "PIC16F683");
+  for (const auto& [button, words] : {std::pair{"Command8", "olvasást?"}, std::pair{"Command11", "égetést?"},
+                                      std::pair{"Command12", "törlést?"}}) {
+    job.Click(button);
+    const Lines told = job.Messages();
+    ASSERT_EQ(told.size(), 1U) << button;
+    EXPECT_TRUE(told.front().starts_with("yesno no A detektált PIC nem azonos")) << told.front();
+    EXPECT_TRUE(told.front().ends_with(words)) << told.front();
+  }
+}
+
 TEST(MidRangeManualBoard, IsWrittenByTheOperatorsHandsOnItsSwitches) {
   Job job;
   job.Do({"board lpt manual inverted=clock,data,input", "tab 1", "socket PIC16F628",

@@ -133,6 +133,21 @@ TEST_F(MidWholeChip, ACancelInTheFlashOfAWriteLeavesConfigurationAndEepromAlone)
   EXPECT_FALSE(link::WholeChipRun);
 }
 
+TEST_F(MidWholeChip, ACancelInTheFlashOfAWriteLeavesTheEepromAloneBehindAReadBackToo) {
+  for (const char* check : {"Check4", "Check6"}) {
+    Begin(MidChipOf("16F84A"));
+    const std::string tick = std::string("tick ") + check;
+    desk.session.Do({"untick Check4", "untick Check6", tick, "answer yes",
+                     "at progress FlashÍrÁllapot 1 click FlashÍrÁllapot.Command1"});
+    const Lines log = desk.Click("Command21");
+    EXPECT_EQ(
+        std::ranges::count_if(log, [](const auto& line) { return line.ends_with("EEPROM Írása Indult."); }),
+        0)
+        << check;
+    EXPECT_FALSE(link::UserAbort);
+  }
+}
+
 TEST_F(MidWholeChip, ACancelThatAnEarlierRunLeftDoesNotStopAWrite) {
   for (const char* number : {"16F84A", "16F690"}) {
     const MidChip& chip = MidChipOf(number);

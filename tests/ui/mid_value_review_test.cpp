@@ -146,6 +146,14 @@ TEST_F(MidConfigReview, ComparesTheBitStrings) {
   }
 }
 
+TEST_F(MidConfigReview, TakesOverWhatItShowsAlthoughAFileCameMeanwhile) {
+  Read(0x3F72, "11111101110010");
+  Config_Beolvas_F16.Load();
+  image::ConfigWord1Raw = "0010111111110100";
+  session.Do("click Config_Beolvas_F16.Igen");
+  EXPECT_EQ(ConfigWord1Bits, "11111101110010");
+}
+
 TEST_F(MidConfigReview, ABlankImageIsComparedLikeAnyOther) {
   ASSERT_EQ(ConfigWord1Bits, "11111111111111");
   Read(0x3FFF, "11111111111111");
