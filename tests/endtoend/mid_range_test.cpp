@@ -264,6 +264,50 @@ INSTANTIATE_TEST_SUITE_P(Chip, TakenForAnother,
                                          "PIC16F913", "PIC16F914", "PIC16F916", "PIC16F917", "PIC16F946"),
                          TestName);
 
+void LoadRecords(MidJob& it, const std::string& records) {
+  const std::string path = it.job.session.Folder().File("records.hex");
+  std::ofstream(path, std::ios::binary) << records << ":00000001FF\r\n";
+  it.job.Do({"file " + path, "click Command7"});
+}
+
+TEST(MidRangeFiles, AnExtendedAddressRecordIsTakenForAWordAtZero) {
+  MidJob it(ShippedBoard(), "PIC16F628");
+  LoadRecords(it, ":020000040000FA\r\n:02001000341B9F\r\n");
+  it.Click("Command21");
+  EXPECT_EQ(Between(it.job.Chip(), 0, Ids - 1), (HexImage{{0, 0x00}, {1, 0x00}, {16, 0x34}, {17, 0x1B}}));
+}
+
+TEST(MidRangeFiles, AWordOfMoreThanFourteenBitsLosesThemInItsFrame) {
+  MidJob it(ShippedBoard(), "PIC16F628");
+  LoadRecords(it, ":02001000347B3F\r\n");
+  it.Click("Command21");
+  EXPECT_EQ(Between(it.job.Chip(), 0, Ids - 1), (HexImage{{16, 0x34}, {17, 0x3B}}));
+}
+
+class LargerThanTheList : public testing::TestWithParam<std::pair<std::string, int>> {};
+
+TEST_P(LargerThanTheList, RefusesWordsThatOnlyTheChipHas) {
+  const auto& [chip, words] = GetParam();
+  MidJob it(ShippedBoard(), chip);
+  EXPECT_EQ(it.job.session.Ask("var FlashWordMax"), std::to_string(words - 1));
+  it.job.Do("burn " + [&] {
+    const std::string path = it.job.session.Folder().File("beyond.hex");
+    std::ofstream(path, std::ios::binary)
+        << (words == 1024 ? ":02080000341BA7\r\n" : ":02100000341B9F\r\n") << ":00000001FF\r\n";
+    return path;
+  }());
+  EXPECT_EQ(it.job.Chip().size(), 2U) << "the chip has the word";
+  it.job.Do({"file " + it.job.session.Folder().File("beyond.hex"), "click Command7"});
+  EXPECT_EQ(it.job.Messages(), Lines{"ok ok A fájl nem kompatibilis a kiválasztott PIC-el!"});
+}
+
+INSTANTIATE_TEST_SUITE_P(Chip, LargerThanTheList,
+                         testing::Values(std::pair{std::string("PIC16F873A"), 1024},
+                                         std::pair{std::string("PIC16F874A"), 1024},
+                                         std::pair{std::string("PIC16F876A"), 1024},
+                                         std::pair{std::string("PIC16F877A"), 2048}),
+                         [](const auto& chip) { return chip.param.first; });
+
 class OscillatorCalibration : public testing::TestWithParam<std::string> {};
 
 /// The word stands in the image like any other: take it over with a read before, and the write puts it back.
