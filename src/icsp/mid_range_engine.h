@@ -8,7 +8,8 @@
 
 namespace zelvo::icsp {
 
-/// Commands by their names in the mid-range programming specifications.
+/// Commands by their names in the mid-range programming specifications; those of programming and erasing
+/// stand in the sequences of steps.
 namespace mid {
 inline constexpr std::string_view LoadConfiguration = "000000";
 inline constexpr std::string_view LoadProgram = "000010";
@@ -16,9 +17,6 @@ inline constexpr std::string_view LoadData = "000011";
 inline constexpr std::string_view ReadProgram = "000100";
 inline constexpr std::string_view ReadData = "000101";
 inline constexpr std::string_view Increment = "000110";
-inline constexpr std::string_view BeginEraseProgram = "001000";
-inline constexpr std::string_view EndProgramming = "001010";
-inline constexpr std::string_view BeginProgramOnly = "011000";
 inline constexpr std::string_view BlankFrame = "0000000000000000";
 }  // namespace mid
 

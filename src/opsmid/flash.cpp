@@ -1,6 +1,7 @@
 #include "opsmid/flash.h"
 
 #include <string>
+#include <string_view>
 
 #include "devices/chip_lists.h"
 #include "devices/selection.h"
@@ -29,7 +30,16 @@ constexpr int Columns = 8;
 constexpr std::string_view Plain = "001000 wait";
 constexpr std::string_view Ended = "011000 wait 001010";
 
-using AbortLine = WriteLoop::AbortLine;
+/// Where a cancelled run is told of.
+enum class AbortLine { None, Before, After };
+
+/// How a chip takes the words of a write.
+struct WriteLoop {
+  std::string_view chips;
+  int group;                   ///< words for one programming command: 1, 4, or 8, a row of the image
+  std::string_view programme;  ///< steps that programme what was loaded
+  AbortLine abortLine;
+};
 
 // PIC16F87 and PIC16F88 stand in two rows and run both, one behind the other.
 constexpr WriteLoop WriteLoops[] = {
@@ -94,19 +104,6 @@ void TellAbort(const WriteLoop& loop, AbortLine place) {
   if (loop.abortLine == place && link::UserAbort) Log(":  Felhasználói megszakítás.");
 }
 
-/// False when the operator cancelled one of the chip's loops: the windows that open behind it forget that.
-bool WriteByChip(std::string_view chip) {
-  bool whole = true;
-  for (const WriteLoop& loop : WriteLoops) {
-    if (!devices::MidListHolds(loop.chips, chip)) continue;
-    TellAbort(loop, AbortLine::Before);
-    WriteWords(loop);
-    TellAbort(loop, AbortLine::After);
-    whole = whole && !link::UserAbort;
-  }
-  return whole;
-}
-
 /// One word of the loop: the increment stands behind the last word of a group and before its programming.
 void WriteWord(const WriteLoop& loop, int row, int column) {
   WriteProgress += 1.0 / Columns;
@@ -130,8 +127,7 @@ bool WriteRow(const WriteLoop& loop, int row) {
   return true;
 }
 
-}  // namespace
-
+/// All words of the chip.
 void WriteWords(const WriteLoop& loop) {
   link::WaitCount = link::SpeedSetting;
   panel::FlashÍrÁllapot.Load();
@@ -144,6 +140,21 @@ void WriteWords(const WriteLoop& loop) {
   }
   panel::FlashÍrÁllapot.Unload();
 }
+
+/// False when the operator cancelled one of the chip's loops: the windows that open behind it forget that.
+bool WriteByChip(std::string_view chip) {
+  bool whole = true;
+  for (const WriteLoop& loop : WriteLoops) {
+    if (!devices::MidListHolds(loop.chips, chip)) continue;
+    TellAbort(loop, AbortLine::Before);
+    WriteWords(loop);
+    TellAbort(loop, AbortLine::After);
+    whole = whole && !link::UserAbort;
+  }
+  return whole;
+}
+
+}  // namespace
 
 void ReadMidFlash() {
   link::WaitCount = link::SpeedSetting;

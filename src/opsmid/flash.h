@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string_view>
 
 namespace zelvo::opsmid {
 
@@ -19,16 +18,5 @@ void ReadMidFlash();
 /// hand.
 /// A cancelled write leaves user IDs and configuration unwritten and gives false.
 bool WriteMidFlash();
-
-/// How a chip takes the words of a write.
-struct WriteLoop {
-  std::string_view chips;
-  int group;                   ///< words for one programming command: 1, 4, or 8, a row of the image
-  std::string_view programme;  ///< steps that programme what was loaded
-  enum class AbortLine { None, Before, After } abortLine;  ///< where a cancelled run is told of
-};
-
-/// Runs the loop for all words of the chip. The target must be powered.
-void WriteWords(const WriteLoop& loop);
 
 }  // namespace zelvo::opsmid

@@ -149,11 +149,8 @@ TEST_F(MidEngineByHand, AWaitIsHeldWithoutServingEventsAndStretchesWithTheSpeedI
 
 TEST_F(MidEngineByHand, CommandsAreTheNumbersOfTheProgrammingSpecifications) {
   const std::pair<std::string_view, int> commands[] = {
-      {icsp::mid::LoadConfiguration, 0x00}, {icsp::mid::LoadProgram, 0x02},
-      {icsp::mid::LoadData, 0x03},          {icsp::mid::ReadProgram, 0x04},
-      {icsp::mid::ReadData, 0x05},          {icsp::mid::Increment, 0x06},
-      {icsp::mid::BeginEraseProgram, 0x08}, {icsp::mid::EndProgramming, 0x0A},
-      {icsp::mid::BeginProgramOnly, 0x18}};
+      {icsp::mid::LoadConfiguration, 0x00}, {icsp::mid::LoadProgram, 0x02}, {icsp::mid::LoadData, 0x03},
+      {icsp::mid::ReadProgram, 0x04},       {icsp::mid::ReadData, 0x05},    {icsp::mid::Increment, 0x06}};
   for (const auto& [text, code] : commands) {
     EXPECT_EQ(text.size(), 6U);
     EXPECT_EQ(std::stoi(std::string(text), nullptr, 2), code) << text;
