@@ -38,13 +38,14 @@ std::optional<std::string> Content(const panel::Control& control) {
   return std::nullopt;
 }
 
-/// The colour of an indicator, a list or an edit box; else the background of its kind: white where content
-/// stands, grey elsewhere.
+/// The colour of an indicator, a list, an edit box or a label; else the background of its kind: white where
+/// content stands, grey elsewhere.
 panel::Colour BackColour(const panel::Control& control) {
   using namespace panel;
   if (const auto* shape = dynamic_cast<const Shape*>(&control)) return shape->FillColor;
   if (const auto* list = dynamic_cast<const ListBox*>(&control)) return list->BackColor;
   if (const auto* text = dynamic_cast<const TextBox*>(&control)) return text->BackColor;
+  if (const auto* label = dynamic_cast<const Label*>(&control)) return label->BackColor;
   const bool content =
       dynamic_cast<const ComboBox*>(&control) != nullptr || dynamic_cast<const Grid*>(&control) != nullptr;
   return content ? White : ButtonFace;

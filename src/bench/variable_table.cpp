@@ -76,6 +76,8 @@ const std::vector<Variable>& Variables() {
       Row("UserAbort", link::UserAbort),
       Row("VddOnFlag", link::VddOnFlag),
       Row("PortCheckOpen", link::PortCheckOpen),
+      Row("PortCheckLoaded", link::PortCheckLoaded),
+      Row("VddState", link::VddState),
 
       // The bit engine, conversions and scripts.
       Row("BitString", icsp::BitString),
@@ -109,6 +111,8 @@ const std::vector<Variable>& Variables() {
       Row("ConfigBuffer", image::ConfigBuffer),
       Row("ConfigBitStrings", image::ConfigBitStrings),
       Row("ConfigEditBits", image::ConfigEditBits),
+      Row("EditRow", image::EditRow),
+      Row("EditCol", image::EditCol),
       Row("ConfigWord1Names", image::ConfigWord1Names),
       Row("ConfigWord2Names", image::ConfigWord2Names),
       Row("ConfigWord1Used", image::ConfigWord1Used),

@@ -62,6 +62,7 @@ inline std::array<std::string, 15> ConfigBuffer;      ///< 1..14: bytes from 300
 inline std::array<std::string, 16> ConfigBitStrings;  ///< 1..14: the same as bits
 /// The bits under edit: [byte 1..14][column 1..8], column 1 is bit 7; "F" for a bit that is not available.
 inline std::array<std::array<std::string, 9>, 15> ConfigEditBits;
+inline int EditRow = 0, EditCol = 0;  ///< the cell of a main grid under edit
 // The bits of the mid-range configuration words under edit, 1..14 from bit 13 down: names ("X" for a bit
 // without function) and whether they can be edited.
 inline std::array<std::string, 16> ConfigWord1Names, ConfigWord2Names;

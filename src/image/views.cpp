@@ -136,4 +136,11 @@ std::string Cp1250(int code) {
                     : Utf8(UpperHalf.at(static_cast<size_t>(code - 128)));
 }
 
+int Cp1250Code(std::string_view character) {
+  for (int code = 0; code < 256; ++code) {
+    if (Cp1250(code) == character) return code;
+  }
+  return '?';
+}
+
 }  // namespace zelvo::image

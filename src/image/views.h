@@ -54,5 +54,7 @@ void ShowIdByte(int element, std::string_view digits);
 void ShowMidId(int word);
 /// A character of code page 1250 in UTF-8. `code` 0..255.
 [[nodiscard]] std::string Cp1250(int code);
+/// The code of a UTF-8 character in code page 1250; that of '?' for one that the page does not have.
+[[nodiscard]] int Cp1250Code(std::string_view character);
 
 }  // namespace zelvo::image

@@ -101,17 +101,24 @@ bool IsBitValue(long value) {
 
 [[nodiscard]] bool ApplyPins(const std::string& line) {
   const auto fields = SplitAtCommas(line);
-  if (fields.size() != 5) return false;
-  std::array<long, 5> values{};
+  if (fields.size() != PinFields) return false;
+  std::array<long, PinFields> values{};
   for (size_t i = 0; i < values.size(); ++i) {
     const auto value = ReadWhole(fields[i]);
     const bool good = value && (i < OutputLines ? IsBitValue(*value) : *value == 0 || *value == 1);
     if (!good) return false;
-    values[i] = *value;
+    values.at(i) = *value;
   }
-  for (size_t i = 0; i < OutputLines; ++i) SetMasks(i, static_cast<int>(values[i]));
+  for (size_t i = 0; i < OutputLines; ++i) SetMasks(i, static_cast<int>(values.at(i)));
   InputSelect = static_cast<int>(values[4]);
   return true;
+}
+
+long ReadBits(const SettingsFile& file) {
+  const auto line = ReadLine(file);
+  if (const auto bits = line ? ReadWhole(*line) : std::nullopt) return *bits;
+  Recover(file);
+  return ReadWhole(file.written).value_or(0);
 }
 
 struct PolarityRow {
@@ -222,6 +229,48 @@ void ReadComInvertFile() {
                         {2, &ComPgcInverted, ":  PGC inverz.", ":  PGC nem inverz."},
                         {4, &ComInputInverted, ":  AdatBe inverz.", ":  AdatBe nem inverz."},
                         {8, &ComVppInverted, ":  Vpp inverz.", ":  Vpp nem inverz."}});
+}
+
+std::array<std::optional<long>, PinFields> ReadPinFields() {
+  std::array<std::optional<long>, PinFields> values;
+  const auto fields = SplitAtCommas(ReadLine(PinFile).value_or(""));
+  for (size_t i = 0; i < values.size() && i < fields.size(); ++i) values.at(i) = ReadWhole(fields[i]);
+  return values;
+}
+
+long ReadInvertBits() {
+  return ReadBits(InvertFile);
+}
+
+long ReadComInvertBits() {
+  return ReadBits(ComInvertFile);
+}
+
+bool WritePortFile(const std::string& address) {
+  return WriteLine(PortFile, address + (ComMode ? ",COM" : ",LPT"));
+}
+
+bool WritePinFile() {
+  std::string line;
+  for (const int mask : {VddSetMask, VppSetMask, DataSetMask, ClockSetMask})
+    line += std::to_string(mask) + ",";
+  return WriteLine(PinFile, line + std::to_string(InputSelect));
+}
+
+bool WriteInvertFile(int bits) {
+  return WriteLine(InvertFile, std::to_string(bits));
+}
+
+bool WriteComInvertFile(int bits) {
+  return WriteLine(ComInvertFile, std::to_string(bits));
+}
+
+void SetUpInterface() {
+  if (ComMode) SetUpCom();
+  if (LptMode) {
+    ReadPinFile();
+    ReadInvertFile();
+  }
 }
 
 void WriteSpeedFile(int value) {

@@ -3,6 +3,8 @@
 // anew.
 #pragma once
 
+#include <array>
+#include <optional>
 #include <string>
 
 namespace zelvo::link {
@@ -20,9 +22,27 @@ void ReadInvertFile();
 /// invert_com.ini: the polarity of the serial port's lines, logged line by line.
 void ReadComInvertFile();
 
+// What the files hold, for the windows that show it.
+inline constexpr std::size_t PinFields = 5;
+/// LPT_Kiosztas.ini; nothing for a field that is missing or no number.
+[[nodiscard]] std::array<std::optional<long>, PinFields> ReadPinFields();
+/// The polarity files. One that is missing or bad is told and written anew, and gives what was written.
+[[nodiscard]] long ReadInvertBits();
+[[nodiscard]] long ReadComInvertBits();
+
+// The writers give false, and leave the file as it was, when the folder cannot be written.
+/// port.ini: `address` as it is to stand in the file, and the interface kind.
+[[nodiscard]] bool WritePortFile(const std::string& address);
+/// LPT_Kiosztas.ini: the masks and the input in force.
+[[nodiscard]] bool WritePinFile();
+[[nodiscard]] bool WriteInvertFile(int bits);
+[[nodiscard]] bool WriteComInvertFile(int bits);
+
 /// Writes speed.ini with `value` and the state of "10x Speed".
 void WriteSpeedFile(int value);
 
+/// The chosen interface's own settings, and its lines to idle.
+void SetUpInterface();
 /// Claims the serial port, reads its polarity, sets its masks and puts the lines to idle.
 void SetUpCom();
 

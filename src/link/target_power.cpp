@@ -22,14 +22,6 @@ void PaintVpp(panel::Colour colour) {
   Form1.Shape2.FillColor = colour;
 }
 
-/// One line of the serial port on its own: read, change, write.
-void ChangeComLine(int offset, void (*shape)(bool), bool level) {
-  Address(offset);
-  PortRead();
-  shape(level);
-  PortWrite();
-}
-
 /// Lines of the printer port change in one port cycle.
 void LptLinesOff(std::initializer_list<void (*)(bool)> shapes) {
   Address(LptData);
@@ -42,8 +34,8 @@ void LptLinesOff(std::initializer_list<void (*)(bool)> shapes) {
 }
 
 void ComClockAndDataOff() {
-  ChangeComLine(UartModemControl, ShapePgd, false);
-  ChangeComLine(UartModemControl, ShapePgc, false);
+  ChangeLine(UartModemControl, ShapePgd, false);
+  ChangeLine(UartModemControl, ShapePgc, false);
 }
 
 void EnterLpt() {
@@ -59,14 +51,31 @@ void EnterLpt() {
 
 void EnterCom() {
   // A pulse of DTR charges the board, which then lives from it while all lines are idle.
-  ChangeComLine(UartModemControl, ShapeVdd, true);
+  ChangeLine(UartModemControl, ShapeVdd, true);
   SettleDelay();
   TargetPowerOff();
-  ChangeComLine(UartLineControl, ShapeVpp, true);
+  ChangeLine(UartLineControl, ShapeVpp, true);
   SettleDelay();
 }
 
 }  // namespace
+
+void ChangeLine(int offset, void (*shape)(bool), bool level) {
+  Address(offset);
+  PortRead();
+  shape(level);
+  PortWrite();
+}
+
+void LptLinesToIdle() {
+  LptLinesOff({ShapeVdd, ShapeVpp, ShapePgd, ShapePgc});
+}
+
+void ShowVddSwitch(bool on) {
+  const char* const caption = on ? CaptionOff : CaptionOn;
+  Form1.ProgFut.Caption = caption;
+  Form1.Command10.Caption = caption;
+}
 
 void MarkVddOff() {
   Form1.ProgFut.Caption = CaptionOn;
@@ -75,10 +84,10 @@ void MarkVddOff() {
 
 void TargetPowerOff() {
   PaintVpp(panel::Grey);
-  if (LptMode) LptLinesOff({ShapeVdd, ShapeVpp, ShapePgd, ShapePgc});
+  if (LptMode) LptLinesToIdle();
   if (ComMode) {
     ComClockAndDataOff();
-    ChangeComLine(UartLineControl, ShapeVpp, false);
+    ChangeLine(UartLineControl, ShapeVpp, false);
   }
 }
 
@@ -104,9 +113,7 @@ void ToggleVdd() {
     ShapeVdd(on);
     PortWrite();
   }
-  const char* const caption = on ? CaptionOff : CaptionOn;
-  Form1.ProgFut.Caption = caption;
-  Form1.Command10.Caption = caption;
+  ShowVddSwitch(on);
   if (PortCheckOpen) panel::LPT_Port_Check.Check1.Value = on;
 }
 

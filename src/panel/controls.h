@@ -14,12 +14,16 @@ class Grid;
 class Label : public VisibleControl {
  public:
   Label(Window& window, std::string name, std::string caption)
-      : VisibleControl(window, std::move(name)), Caption(*this, std::move(caption)) {}
+      : VisibleControl(window, std::move(name)),
+        Caption(*this, std::move(caption)),
+        BackColor(*this, ButtonFace) {}
   void Reset() override {
     VisibleControl::Reset();
     Caption.Reset();
+    BackColor.Reset();
   }
   Property<std::string> Caption;
+  Property<Colour> BackColor;
 };
 
 class CommandButton : public VisibleControl {
@@ -49,10 +53,25 @@ class CheckBox : public VisibleControl {
   Property<bool> Value;
 };
 
-/// One of the radio buttons of its window; `Value` true runs its click event.
+/// A captioned frame around radio buttons.
+class OptionFrame : public Label {
+ public:
+  using Label::Label;
+};
+
+/// One of the radio buttons of its frame, or of those of its window that are in no frame. `Value` true runs
+/// its click event.
 class OptionButton : public CheckBox {
  public:
-  using CheckBox::CheckBox;
+  OptionButton(Window& window, std::string name, std::string caption, const OptionFrame* frame = nullptr)
+      : CheckBox(window, std::move(name), std::move(caption)), frame_(frame) {}
+  /// Sets this one and clears the others of its group, for which that is no click.
+  void Select();
+  /// Nullptr for one without a frame.
+  [[nodiscard]] const OptionFrame* Group() const { return frame_; }
+
+ private:
+  const OptionFrame* frame_;
 };
 
 /// The cell that an edit box lies over; none for a box with a place of its own.
@@ -120,7 +139,8 @@ class ListBox : public VisibleControl {
 /// A drop-down list. `Text` is what stands in its field, in the list or not; writing it is no click.
 class ComboBox : public VisibleControl {
  public:
-  ComboBox(Window& window, std::string name) : VisibleControl(window, std::move(name)), Text(*this, "") {}
+  ComboBox(Window& window, std::string name, std::string text = "")
+      : VisibleControl(window, std::move(name)), Text(*this, std::move(text)) {}
   void Reset() override {
     VisibleControl::Reset();
     Text.Reset();

@@ -63,14 +63,12 @@ HandResult HandDblClick(VisibleControl& control) {
 
 HandResult HandTick(CheckBox& box, bool ticked) {
   return IfReached(box, [&] {
-    if (dynamic_cast<OptionButton*>(&box) != nullptr && ticked) {
-      for (Control* other : box.Owner().Controls()) {
-        auto* option = dynamic_cast<OptionButton*>(other);
-        // A reset, since being cleared by another is no click.
-        if (option != nullptr && option != &box && option->Value) option->Value.Reset();
-      }
+    auto* option = dynamic_cast<OptionButton*>(&box);
+    if (option != nullptr && ticked) {
+      option->Select();
+    } else {
+      box.Value = ticked;
     }
-    box.Value = ticked;
   });
 }
 

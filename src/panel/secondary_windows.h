@@ -3,10 +3,12 @@
 #pragma once
 
 #include "panel/config_editor.h"
+#include "panel/edit_windows.h"
 #include "panel/file_windows.h"
 #include "panel/info_windows.h"
 #include "panel/mid_config_editor.h"
 #include "panel/review_windows.h"
+#include "panel/settings_windows.h"
 #include "panel/window.h"
 
 namespace zelvo::panel {
@@ -30,12 +32,6 @@ struct OverwriteWindow : Window {
   ListBox List1{*this, "List1"};
 };
 
-/// The port check window; its first box shows and moves Vdd.
-struct PortCheckWindow : Window {
-  PortCheckWindow() : Window("LPT_Port_Check", "Port Check") {}
-  CheckBox Check1{*this, "Check1", "Vdd"};
-};
-
 inline ProgressWindow Állapot{"Állapot", "Flash Olvasás állapota"};
 inline ProgressWindow FlashÍrÁllapot{"FlashÍrÁllapot", "Flash Írás Állapota"};
 inline ProgressWindow EEE_Olv_Állapot{"EEE_Olv_Állapot", "EEPROM Olvasás állapota"};
@@ -43,6 +39,5 @@ inline ProgressWindow EEE_Ír_Állapot{"EEE_Ír_Állapot", "EEPROM Írás Állap
 inline PICAzonosWindow PICAzonos;
 inline OverwriteWindow FelülDialog{"FelülDialog", "ID  Location felülírása?"};
 inline OverwriteWindow ConfFelülír{"ConfFelülír", "Config Bájtok Felülírása?"};
-inline PortCheckWindow LPT_Port_Check;
 
 }  // namespace zelvo::panel

@@ -3,22 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/raised.h"
+
 namespace zelvo::panel {
-namespace {
-
-/// Sets a flag for its own life.
-class Mark {
- public:
-  explicit Mark(bool& flag) : flag_(flag) { flag_ = true; }
-  Mark(const Mark&) = delete;
-  Mark& operator=(const Mark&) = delete;
-  ~Mark() { flag_ = false; }
-
- private:
-  bool& flag_;
-};
-
-}  // namespace
 
 Control::Control(Window& window, std::string name) : name_(std::move(name)), owner_(&window) {
   window.controls_.push_back(this);
@@ -29,7 +16,10 @@ Window::Window(std::string name, std::string caption) : Caption(std::move(captio
 }
 
 void Window::Load() {
-  if (loaded_) return;
+  if (loaded_) {
+    for (Witness* witness : witnesses) witness->WindowCalled(*this);
+    return;
+  }
   for (Control* control : controls_) control->Reset();
   loaded_ = true;
   LoadedWindows.push_back(this);
@@ -40,7 +30,7 @@ void Window::Load() {
 void Window::Unload() {
   if (!loaded_ || unloading_) return;
   {
-    const Mark unloading(unloading_);  // the event may lead here a second time
+    const platform::Raised unloading(unloading_);  // the event may lead here a second time
     if (OnUnload) OnUnload();
   }
   loaded_ = false;
@@ -64,6 +54,15 @@ Window* FindWindow(std::string_view name) {
     if (window->Name() == name) return window;
   }
   return nullptr;
+}
+
+void OptionButton::Select() {
+  for (Control* other : Owner().Controls()) {
+    auto* option = dynamic_cast<OptionButton*>(other);
+    if (option != nullptr && option != this && option->frame_ == frame_ && option->Value)
+      option->Value.Reset();
+  }
+  Value = true;
 }
 
 void ProgressBar::Step(int value) {

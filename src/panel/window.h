@@ -19,7 +19,8 @@ class Window {
   virtual ~Window() = default;
 
   /// Puts every control to its design-time state, enters the window into `LoadedWindows`, tells the witnesses
-  /// and runs `OnLoad`. Does nothing when the window is loaded already.
+  /// and runs `OnLoad`. A window that is loaded already stays as it is; the witnesses hear that it is called
+  /// for.
   void Load();
   /// Runs `OnUnload`, takes the window out of `LoadedWindows` and tells the witnesses. Does nothing when the
   /// window is not loaded, or from within its own `OnUnload`.
@@ -59,6 +60,7 @@ class Witness {
   virtual ~Witness() = default;
   virtual void WindowLoaded(Window&) {}
   virtual void WindowUnloaded(Window&) {}
+  virtual void WindowCalled(Window&) {}  ///< shown again while it is loaded
   virtual void BarStepped(ProgressBar&, int /*value*/) {}
   virtual void LineLogged(ListBox&, const std::string& /*line*/) {}
 };

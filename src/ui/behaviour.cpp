@@ -14,9 +14,15 @@ void AttachBehaviour() {
   AttachMidValueReviews();
   AttachConfigEditor();
   AttachMidConfigEditor();
+  AttachCellEditors();
+  AttachIdEditors();
   AttachMidRangePage();
   AttachSaveWindow();
   AttachInformation();
+  AttachInterfaceChoice();
+  AttachLineSettings();
+  AttachComLineSettings();
+  AttachPortCheck();
   AttachIdentification();
   AttachOverwriteWindows();
 }

@@ -14,9 +14,15 @@ void AttachValueReviews();
 void AttachMidValueReviews();
 void AttachConfigEditor();
 void AttachMidConfigEditor();
+void AttachCellEditors();
+void AttachIdEditors();
 void AttachMidRangePage();
 void AttachSaveWindow();
 void AttachInformation();
+void AttachInterfaceChoice();
+void AttachLineSettings();
+void AttachComLineSettings();
+void AttachPortCheck();
 void AttachIdentification();
 void AttachOverwriteWindows();
 

@@ -33,18 +33,6 @@ void LogStart(const char* interfaceLine) {
   link::LogToBoth(":  Címe:" + link::HexText(static_cast<std::uint16_t>(link::PortBase)) + "h");
 }
 
-void SetUpInterface() {
-  if (link::ComMode) {
-    LogStart(":  COM port van kiválasztva.");
-    link::SetUpCom();
-  }
-  if (link::LptMode) {
-    LogStart(":  LPT port van kiválasztva.");
-    link::ReadPinFile();
-    link::ReadInvertFile();
-  }
-}
-
 }  // namespace
 
 void StartUp() {
@@ -61,7 +49,9 @@ void StartUp() {
   ClearState();
   link::ReadPortFile();
   link::ReadSpeedFile();
-  SetUpInterface();
+  if (link::ComMode) LogStart(":  COM port van kiválasztva.");
+  if (link::LptMode) LogStart(":  LPT port van kiválasztva.");
+  link::SetUpInterface();
   ShowSelectedPage();
   EnableWholeChipButtons();
 }
