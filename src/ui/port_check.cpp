@@ -99,13 +99,13 @@ void SwitchVdd() {
 }
 
 /// The clock line of the one-second test, moved on top of what other handlers make of its register meanwhile.
-/// The register is read once, and again only behind such a handler.
+/// The register is read once, and again only behind such a handler, or when another interface was chosen.
 class ClockPulses {
  public:
   void Set(bool on) {
     const bool untouched = link::PortAddress == address_ && link::PortShadow == shadow_;
     if (!link::AddressOutput()) return;
-    if (!untouched) {
+    if (!untouched || link::PortAddress != address_) {
       link::PortRead();
       link::PortShadow = link::PortLast;
     }
