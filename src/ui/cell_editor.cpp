@@ -9,7 +9,6 @@
 #include "link/numbers.h"
 #include "panel/form1.h"
 #include "panel/secondary_windows.h"
-#include "platform/seams.h"
 #include "ui/behaviour.h"
 #include "ui/cell_edit.h"
 #include "ui/number_entry.h"
@@ -77,7 +76,7 @@ bool Judge(CellEditor& editor, const std::string& text) {
       entry = ReadCellBinary(text, rules);
   }
   if (!entry.value) {
-    platform::seams.dialogs->Message(entry.refusal);
+    MessageOver(editor.window, entry.refusal);
     return false;
   }
   ShowValue(editor, icsp::HexPadded(static_cast<std::uint32_t>(*entry.value), rules.digits), *entry.value);
@@ -94,6 +93,7 @@ void CellClicked(CellEditor& editor, int row, int col) {
 
 void Opened(CellEditor& editor) {
   panel::CellEditWindow& window = editor.window;
+  MindigFelül(window);
   window.EditLimit = editor.rules->limit;
   const int address = (editor.row - 1) * CellsPerRow + editor.col - 1;
   window.Label1.Caption =
@@ -119,10 +119,11 @@ void Opened(CellEditor& editor) {
 }
 
 void MainGridDoubleClicked(CellEditor& editor, panel::Grid& grid, int row, int col) {
-  if (!devices::ChipIsSelected() || row == 0 || col == 0) return;
-  editor.window.Unload();  // an editor that is open shows the cell of before
+  if (!devices::ChipIsSelected()) return;
   image::EditRow = row;
   image::EditCol = col;
+  if (row == 0 || col == 0) return;
+  editor.window.Unload();  // an editor that is open shows the cell of before
   editor.row = row;
   editor.col = col;
   editor.mainGrid = &grid;
