@@ -1,6 +1,6 @@
 #include "link/target_power.h"
 
-#include <initializer_list>
+#include <array>
 
 #include "link/delays.h"
 #include "link/lines.h"
@@ -22,14 +22,13 @@ void PaintVpp(panel::Colour colour) {
   Form1.Shape2.FillColor = colour;
 }
 
-/// Lines of the printer port change in one port cycle.
-void LptLinesOff(std::initializer_list<void (*)(bool)> shapes) {
+/// Both in one port cycle.
+void LptClockAndDataOff() {
   Address(LptData);
   PortRead();
-  for (void (*shape)(bool) : shapes) {
-    shape(false);
-    PortLast = PortShadow;
-  }
+  ShapePgd(false);
+  PortLast = PortShadow;
+  ShapePgc(false);
   PortWrite();
 }
 
@@ -68,7 +67,22 @@ void ChangeLine(int offset, void (*shape)(bool), bool level) {
 }
 
 void LptLinesToIdle() {
-  LptLinesOff({ShapeVdd, ShapeVpp, ShapePgd, ShapePgc});
+  struct Line {
+    bool inverted;
+    int setMask;
+    int clearMask;
+  };
+  // Not by the shapes: those follow the interface in force, and the windows of this one may outlive it.
+  const std::array<Line, OutputLines> lines{{{VddInverted, VddSetMask, VddClearMask},
+                                             {VppInverted, VppSetMask, VppClearMask},
+                                             {DataInverted, DataSetMask, DataClearMask},
+                                             {ClockInverted, ClockSetMask, ClockClearMask}}};
+  Address(LptData);
+  PortRead();
+  PortShadow = PortLast;
+  for (const Line& line : lines)
+    PortShadow = WithLine(PortShadow, false, line.inverted, line.setMask, line.clearMask);
+  PortWrite();
 }
 
 void ShowVddSwitch(bool on) {
@@ -92,7 +106,7 @@ void TargetPowerOff() {
 }
 
 void ClockAndDataToRest() {
-  if (LptMode) LptLinesOff({ShapePgd, ShapePgc});
+  if (LptMode) LptClockAndDataOff();
   if (ComMode) ComClockAndDataOff();
 }
 

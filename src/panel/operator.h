@@ -17,7 +17,7 @@ enum class HandResult { Done, Disabled, Hidden };
 
 [[nodiscard]] HandResult HandClick(VisibleControl& control);
 [[nodiscard]] HandResult HandDblClick(VisibleControl& control);
-/// Click on a radio button: sets it and clears the others of its window.
+/// Click on a radio button: sets it and clears the others of its group.
 [[nodiscard]] HandResult HandTick(CheckBox& box, bool ticked);
 /// Sets the text, then runs the click event if the text is a line of the list.
 [[nodiscard]] HandResult HandChoose(ComboBox& combo, const std::string& text);

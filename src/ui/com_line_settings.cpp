@@ -5,7 +5,6 @@
 #include "link/settings.h"
 #include "panel/secondary_windows.h"
 #include "platform/raised.h"
-#include "platform/seams.h"
 #include "ui/behaviour.h"
 #include "ui/on_top.h"
 
@@ -37,7 +36,7 @@ void UpdateFlag(const InvertBox& one) {
 void Save() {
   int bits = 0;
   for (const InvertBox& one : InvertBoxes) bits += one.box.Value ? one.bit : 0;
-  if (!link::WriteComInvertFile(bits)) platform::seams.dialogs->Message("Ismeretlen Fájl hiba!");
+  if (!link::WriteComInvertFile(bits)) MessageOver(Adat_él_Beállít_COM, "Ismeretlen Fájl hiba!");
 }
 
 void Clicked(const InvertBox& one) {
