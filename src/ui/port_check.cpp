@@ -92,7 +92,6 @@ void Switch(const SwitchedLine& line) {
 }
 
 void SwitchVdd() {
-  if (!link::PortCheckLoaded) return;
   Switch(Vdd);
   link::ShowVddSwitch(LPT_Port_Check.Check1.Value);
   link::VddState = LPT_Port_Check.Check1.Value ? 1 : 0;

@@ -204,6 +204,15 @@ TEST_F(Pulses, CloseTheWindowOnceAndForgetTheRequest) {
   EXPECT_TRUE(IsOpen());
 }
 
+TEST_F(Pulses, HandNoRequestToClosePastAFrameThatWasQuicker) {
+  At(5, "click " + Name("Command1"));
+  At(6, "close LPT_Port_Check");
+  EXPECT_EQ(Run(), (Lines{"R 0378 00", "W 0378 02", "P 10", "- LPT_Port_Check", "R 0378 02", "W 0378 00"}));
+  session.Do("click Command4");
+  EXPECT_TRUE(SameLog(OnePulse("R 0378 00", "W 0378 02", "W 0378 00"), RunOnce()));
+  EXPECT_TRUE(IsOpen());
+}
+
 TEST_F(Pulses, EndAtTheNextWaitWithTheClockAtRestWhenTheFrameIsClosed) {
   At(16, "close LPT_Port_Check");
   EXPECT_EQ(Run(),

@@ -68,6 +68,14 @@ TEST(PortCheckOpening, TicksTheVddBoxAndSwitchesTheLineAgainWhileVddIsOn) {
   EXPECT_EQ(session.Ask("var VddState"), "1");
 }
 
+TEST(PortCheckOpening, RaisesDtrAgainOnTheSerialPortWhileVddIsOn) {
+  BenchSession session(SerialPort());
+  session.Do({"board com", "start", "click Command10"});
+  EXPECT_EQ(session.WireOf("click Command20"),
+            (Lines{"+ LPT_Port_Check", "R 03FC 01", "W 03FC 01", "R 03FE 10"}));
+  EXPECT_EQ(session.Ask("get LPT_Port_Check.Check1"), "1");
+}
+
 TEST(PortCheckOpening, ASecondOrderShowsTheSameWindow) {
   PortCheckDesk desk;
   desk.Tick("Check2");
