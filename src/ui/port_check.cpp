@@ -177,7 +177,7 @@ void RunTest() {
 }
 
 void CloseClicked() {
-  if (LPT_Port_Check.Check5.Value && testOf == opening) {
+  if (LPT_Port_Check.Check5.Value) {
     LPT_Port_Check.StopRequested = true;
   } else {
     Close();
