@@ -12,6 +12,11 @@ constexpr const char* FourDigitsOnly = "A hexa szám max 4 karakteres lehet!";
 constexpr const char* WordRange = "Helyes Tartomány: 0 és 3FFFh között.";
 constexpr const char* NoFraction = "A bevitel nem lehet törtszám!";
 
+std::string WithoutBlanks(std::string text) {
+  std::erase(text, ' ');
+  return text;
+}
+
 TEST_F(IdDesk, AByteTypedInAnyRowIsShownInAllThree) {
   const struct {
     int row;
@@ -60,7 +65,7 @@ TEST_F(IdDesk, AWordTypedInAnyRowIsShownInAllThree) {
   const struct {
     int row;
     const char* text;
-    const char* characters;  // stand in the first cell, with some blanks around them
+    std::string characters;  // of the first cell, without the blanks around them
     Lines digits;
   } edits[] = {
       {CharacterRow, "A", "A", {"  41  ", "  65  "}},
@@ -75,14 +80,14 @@ TEST_F(IdDesk, AWordTypedInAnyRowIsShownInAllThree) {
       {DecimalRow, "10065", "\n\x06", {"  2751  ", "  10065  "}},
       {DecimalRow, "337", "!\a", {"  151  ", " 337  "}},
       {DecimalRow, "90", "Z", {"  5A  ", "  90  "}},
-      {DecimalRow, "0037", "%", {"  25  ", "  37  "}},
+      {DecimalRow, "0037", std::string("\0%", 2), {"  25  ", "  37  "}},
   };
   Open(MidIds);
   const Lines neighbour = Column(MidIds, 3);
   for (const auto& edit : edits) {
     SCOPED_TRACE(std::to_string(edit.row) + ' ' + edit.text);
     Edit(MidIds, edit.row, 4, edit.text);
-    EXPECT_NE(Cell(MidIds, CharacterRow, 4).find(std::string(edit.characters) + ' '), std::string::npos);
+    EXPECT_EQ(WithoutBlanks(Cell(MidIds, CharacterRow, 4)), edit.characters);
     EXPECT_EQ((Lines{Cell(MidIds, HexRow, 4), Cell(MidIds, DecimalRow, 4)}), edit.digits);
     EXPECT_EQ(Column(MidIds, 3), neighbour);
   }
