@@ -223,6 +223,7 @@ TEST_F(Pulses, EndAtTheNextWaitWithTheClockAtRestWhenTheFrameIsClosed) {
 
 TEST_F(PulsesShipped, BringAnInvertedClockToItsOwnRestWhenTheFrameIsClosed) {
   At(HalfPeriod + 5, "close LPT_Port_Check");
+  At(HalfPeriod + 12, "mark a pass too many");
   EXPECT_EQ(Run(), (Lines{"R 0378 03", "W 0378 03", HalfSecond, "W 0378 01", "P 10", "- LPT_Port_Check",
                           "R 0378 01", "W 0378 03"}));
 }
