@@ -1,5 +1,7 @@
 #!/bin/sh
 # Installs what packages.txt lists and this machine lacks. Asks nothing; silent when nothing is missing.
+#
+#   scripts/install-packages.sh [GROUP]     also the lines that begin with @GROUP
 set -eu
 list=$(dirname "$0")/../packages.txt
 
@@ -9,7 +11,7 @@ if ! command -v dpkg-query >/dev/null; then
 fi
 
 missing=
-for package in $(sed 's/#.*//' "$list"); do
+for package in $(sed "s/#.*//; ${1:+s/^@$1 //;} /^@/d" "$list"); do
   state=$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null || true)
   case $state in
     installed*) ;;
