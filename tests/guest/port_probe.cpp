@@ -13,6 +13,7 @@
 #include <linux/ppdev.h>
 #include <sys/io.h>
 #include <sys/ioctl.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -62,13 +63,44 @@ int Mark(const Words& words) {
   return 0;
 }
 
+/// The system calls of the ports, counted by kind: which of them, on which descriptor, how often.
+struct Calls {
+  std::map<unsigned long, long> requests;
+  long outs = 0;
+  long ins = 0;
+  int descriptor = -1;
+};
+Calls calls;
+
+const linuxio::SystemCalls& CountedCalls() {
+  static const linuxio::SystemCalls counted = [] {
+    linuxio::SystemCalls table = linuxio::RealSystemCalls();
+    table.ioctl = [](int descriptor, unsigned long request, void* argument) {
+      ++calls.requests[request];
+      calls.descriptor = descriptor;
+      return linuxio::RealSystemCalls().ioctl(descriptor, request, argument);
+    };
+    table.outb = [](unsigned char value, unsigned short port) {
+      ++calls.outs;
+      linuxio::RealSystemCalls().outb(value, port);
+    };
+    table.inb = [](unsigned short port) {
+      ++calls.ins;
+      return linuxio::RealSystemCalls().inb(port);
+    };
+    return table;
+  }();
+  return counted;
+}
+
 /// The program's own ports behind a bench: its commands and its counted time, but no simulated board.
 struct Machine {
-  explicit Machine(const std::string& folder)
+  explicit Machine(const std::string& folder, const linuxio::SystemCalls& system = linuxio::RealSystemCalls())
       : bench([](std::string_view line) { std::cout << line << '\n'; }) {
     platform::programFolder = folder;
     linuxio::InstallIdleOnSignals();
     linuxio::PortContext context;
+    context.system = &system;
     context.programFolder = folder;
     context.idleLevels = linuxio::IdleLevelsOfBoard;
     context.tell = [](const std::string& line) { std::cout << line << std::endl; };
@@ -124,22 +156,71 @@ double TimeOf(int times, const std::function<void()>& what) {
   return all.count() / times;
 }
 
-int Cost(const Words& words) {
-  Machine machine(words.at(0));
-  const int base = std::stoi(words.at(1), nullptr, 16);
+void SelectChip(Machine& machine) {
   for (const char* command : {"start", "tab 2", "choose Combo1 PIC18F452"}) machine.bench.Run(command);
-  link::Address(0);
+  link::WaitCount = 0;
+}
+
+constexpr const char* Payload = "0101010101010101";
+constexpr int PayloadBits = 16;
+
+constexpr int Times = 4000;
+
+/// What the system calls of one clocked bit cost by themselves: each kind called alone, as often as counted.
+int TellBareCost(const std::string& folder, int base) {
+  const linuxio::SystemCalls& real = linuxio::RealSystemCalls();
+  Machine machine(folder, CountedCalls());
+  SelectChip(machine);
+  icsp::ClockOutBits(Payload);
+  calls.requests.clear();
+  calls.outs = calls.ins = 0;
+  for (int i = 0; i < Times / PayloadBits; ++i) icsp::ClockOutBits(Payload);
+  const auto port =
+      static_cast<unsigned short>(base + (link::ComMode ? link::UartModemControl : link::LptData));
+  double bare = 0;
+  const auto add = [&bare](long count, const std::function<void()>& call) {
+    if (count > 0) bare += static_cast<double>(count) * TimeOf(Times, call);
+  };
+  add(calls.outs, [&] { real.outb(0, port); });
+  add(calls.ins, [&] { static_cast<void>(real.inb(port)); });
+  int lines = 0;
+  for (const auto& [request, count] : std::map(calls.requests)) {
+    add(count, [&, code = request] {
+      lines ^= 2;  // a driver does nothing for lines that stay
+      static_cast<void>(real.ioctl(calls.descriptor, code, &lines));
+    });
+  }
+  std::cout << "of a clocked bit its system calls alone " << bare / (Times / PayloadBits * PayloadBits)
+            << " ns\n";
+  return 0;
+}
+
+int TellCost(const std::string& folder, int base) {
+  Machine machine(folder);
+  SelectChip(machine);
   const int output = base + (link::ComMode ? link::UartModemControl : link::LptData);
   const int input = base + (link::ComMode ? link::UartModemStatus : link::LptStatus);
-  constexpr int Times = 2000;
   int level = 0;
   const double write = TimeOf(Times, [&] { machine.ports->Out32(output, level ^= 2); });
-  const double readBack = TimeOf(Times, [&] { static_cast<void>(machine.ports->Inp32(output)); });
   const double read = TimeOf(Times, [&] { static_cast<void>(machine.ports->Inp32(input)); });
-  link::WaitCount = 0;
-  const double word = TimeOf(Times / 16, [] { icsp::ClockOutBits("0101010101010101"); });
-  std::cout << "write " << write << " ns, read-back " << readBack << " ns, read of the input " << read
-            << " ns, a clocked bit " << word / 16 << " ns\n";
+  const double word = TimeOf(Times / PayloadBits, [] { icsp::ClockOutBits(Payload); });
+  std::cout << "write " << write << " ns, read of the input " << read << " ns, a clocked bit "
+            << word / PayloadBits << " ns\n";
+  return 0;
+}
+
+/// The program starts once in a process, so each measurement has one.
+int Cost(const Words& words) {
+  const int base = std::stoi(words.at(1), nullptr, 16);
+  for (const auto tell : {TellCost, TellBareCost}) {
+    const pid_t child = fork();
+    if (child == 0) {
+      const int status = tell(words[0], base);
+      std::cout.flush();
+      _exit(status);
+    }
+    waitpid(child, nullptr, 0);
+  }
   return 0;
 }
 
