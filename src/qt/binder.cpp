@@ -6,9 +6,9 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <algorithm>
 #include <utility>
 
 #include "panel/operator.h"
@@ -83,7 +83,11 @@ void Binder::LayOverCell(const panel::TextBox& box, EditField& field) {
 QLabel* Binder::Make(panel::Label& label) {
   auto* view = new QLabel;
   view->setTextFormat(Qt::PlainText);
-  Bind(label, view, [&label, view] { view->setText(Text(label.Caption).trimmed()); });
+  Bind(label, view, [&label, view] {
+    view->setText(Text(label.Caption).trimmed());
+    const panel::Colour ground = label.BackColor;
+    SetGround(*view, ground == panel::ButtonFace ? panel::WindowColour : ground);
+  });
   return view;
 }
 
@@ -109,18 +113,47 @@ QCheckBox* Binder::Make(panel::CheckBox& box, int columns) {
   return view;
 }
 
-QRadioButton* Binder::Make(panel::OptionButton& option) {
-  auto* view = new QRadioButton;
-  view->setAutoExclusive(false);  // the panel tells which of them is set
-  Bind(option, view, [&option, view] {
+OptionView* Binder::Make(panel::OptionButton& option) {
+  auto* view = new OptionView;
+  Bind(option, view, [this, &option, view] {
     view->setText(Caption(option.Caption));
     view->setChecked(option.Value);
+    ShareTabStop(option);
   });
   QObject::connect(view, &QRadioButton::clicked, view, [this, &option] {
     static_cast<void>(panel::HandTick(option, true));
     Redraw(option);
   });
+  view->Stepped = [this, &option](int step) {
+    const std::vector<Choice> group = ChoicesBeside(option);
+    const auto here = std::find_if(group.begin(), group.end(),
+                                   [&option](const Choice& one) { return one.option == &option; });
+    const auto count = static_cast<std::ptrdiff_t>(group.size());
+    const Choice& next = group[static_cast<std::size_t>((here - group.begin() + step + count) % count)];
+    next.view->setFocus(step > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    static_cast<void>(panel::HandTick(*next.option, true));
+    Redraw(*next.option);
+  };
   return view;
+}
+
+std::vector<Binder::Choice> Binder::ChoicesBeside(const panel::OptionButton& option) const {
+  std::vector<Choice> group;
+  for (const auto& binding : bindings_) {
+    auto* other = dynamic_cast<panel::OptionButton*>(binding->control);
+    if (other != nullptr && other->Group() == option.Group() && &other->Owner() == &option.Owner())
+      group.push_back({other, static_cast<OptionView*>(binding->widget)});
+  }
+  return group;
+}
+
+// The one that is set, or the first where none is.
+void Binder::ShareTabStop(const panel::OptionButton& option) {
+  const std::vector<Choice> group = ChoicesBeside(option);
+  const auto set =
+      std::find_if(group.begin(), group.end(), [](const Choice& one) { return one.option->Value.Get(); });
+  const Choice* stop = set != group.end() ? &*set : group.data();
+  for (const Choice& one : group) one.view->SetTabStop(&one == stop);
 }
 
 QLineEdit* Binder::Make(panel::TextBox& box) {

@@ -15,7 +15,6 @@ class QLabel;
 class QLineEdit;
 class QProgressBar;
 class QPushButton;
-class QRadioButton;
 class QAbstractSlider;
 class QWidget;
 
@@ -25,6 +24,7 @@ class EditField;
 class GridView;
 class Lamp;
 class LinesView;
+class OptionView;
 class Readout;
 class PageTabs;
 
@@ -39,7 +39,7 @@ class Binder {
   QPushButton* Make(panel::CommandButton& button);
   /// `columns` of text at which a long caption is broken into two lines.
   QCheckBox* Make(panel::CheckBox& box, int columns = 60);
-  QRadioButton* Make(panel::OptionButton& option);
+  OptionView* Make(panel::OptionButton& option);
   QLineEdit* Make(panel::TextBox& box);
   QComboBox* Make(panel::ComboBox& combo);
   QAbstractSlider* Make(panel::ScrollBar& bar);
@@ -73,6 +73,15 @@ class Binder {
   };
   /// Draws the control anew after the operator's act, which the panel may have refused.
   void Redraw(const panel::VisibleControl& control);
+  /// A radio button and its widget.
+  struct Choice {
+    panel::OptionButton* option;
+    OptionView* view;
+  };
+  /// The radio buttons of an option's group, itself among them, in the order of their making.
+  [[nodiscard]] std::vector<Choice> ChoicesBeside(const panel::OptionButton& option) const;
+  /// Lets the Tab key stop at one of the group.
+  void ShareTabStop(const panel::OptionButton& option);
   /// Puts an edit box over the cell that the panel names, if it names one.
   void LayOverCell(const panel::TextBox& box, EditField& field);
 

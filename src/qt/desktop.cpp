@@ -59,6 +59,11 @@ void Desktop::WindowUnloaded(panel::Window& window) {
   QCoreApplication::exit(0);
 }
 
+void Desktop::WindowCalled(panel::Window& window) {
+  const auto known = secondary_.find(&window);
+  if (known != secondary_.end()) known->second->ComeForward();
+}
+
 void Desktop::Refresh() {
   if (!windowsChanged_ && drawn_ == panel::revision) return;
   windowsChanged_ = false;

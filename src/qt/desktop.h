@@ -39,6 +39,7 @@ class Desktop : public panel::Witness {
 
   void WindowLoaded(panel::Window& window) override;
   void WindowUnloaded(panel::Window& window) override;
+  void WindowCalled(panel::Window& window) override;
 
  private:
   [[nodiscard]] QWidget* DialogOwner() const;

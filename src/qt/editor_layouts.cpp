@@ -45,6 +45,15 @@ QVBoxLayout* MakeByte(panel::Label& label, panel::Grid& bits, Binder& binder) {
   return byte;
 }
 
+/// A line of editing help beside the buttons that close the window off.
+void AddHintAndButtons(QLabel* hint, QHBoxLayout* buttons, QVBoxLayout& layout) {
+  hint->setProperty("muted", true);
+  auto* row = new QHBoxLayout;
+  row->addWidget(hint);
+  row->addLayout(buttons, 1);
+  layout.addLayout(row);
+}
+
 /// Low bytes on the left, high bytes on the right, a word in a row.
 void LayOutConfig(panel::ConfEditWindow& window, Binder& binder, QWidget& view, QVBoxLayout& layout) {
   const int line = LineHeight(view);
@@ -57,19 +66,68 @@ void LayOutConfig(panel::ConfEditWindow& window, Binder& binder, QWidget& view, 
     words->addLayout(MakeByte(window.Labels[at], window.Grids[at], binder), word, half);
   }
   layout.addWidget(new RoomyScrollArea(words), 1);
-  auto* hint = new QLabel(Text(window.Grids.front().ToolTip));
-  hint->setProperty("muted", true);
-  auto* buttons = new QHBoxLayout;
-  buttons->addWidget(hint);
-  buttons->addLayout(MakeButtonRow(binder, {&window.BetPufferbe, &window.Mégse}), 1);
-  layout.addLayout(buttons);
+  AddHintAndButtons(new QLabel(Text(window.Grids.front().ToolTip)),
+                    MakeButtonRow(binder, {&window.BetPufferbe, &window.Mégse}), layout);
   binder.Make(window.Text1)->setParent(&view);  // until it is laid over a cell
+}
+
+/// The mouse presses these without taking the focus out of an edit box: what stands in it is the button's to
+/// take or to leave.
+QHBoxLayout* MakeQuietButtons(Binder& binder, std::initializer_list<panel::CommandButton*> buttons) {
+  QHBoxLayout* row = MakeButtonRow(binder, buttons);
+  for (int at = 0; at < row->count(); ++at) {
+    if (QWidget* button = row->itemAt(at)->widget()) button->setFocusPolicy(Qt::TabFocus);
+  }
+  return row;
+}
+
+/// Wide enough for an edit box that shows any of the values whole, and what is typed beside it.
+void LayOutCell(panel::CellEditWindow& window, Binder& binder, QWidget& view, QVBoxLayout& layout) {
+  constexpr int Columns = 52;  // of text, as the panel's column widths share them
+  QLabel* address = binder.Make(window.Label1);
+  QFont strong = MonospacedFont();
+  strong.setBold(true);
+  address->setFont(strong);
+  QLabel* rangeTitle = binder.Make(window.Label3);
+  rangeTitle->setProperty("muted", true);
+  auto* top = new QHBoxLayout;
+  top->addWidget(address, 1);
+  top->addWidget(rangeTitle);
+  QLabel* range = binder.Make(window.Label4);
+  range->setFont(MonospacedFont());
+  top->addWidget(range);
+  layout.addLayout(top);
+
+  GridView* grid = binder.Make(window.MSFlexGrid1);
+  grid->setAccessibleName(Text(window.Caption));
+  grid->ShowWhole(QFontMetrics(grid->font()).horizontalAdvance(QLatin1Char('0')) * Columns);
+  grid->StartAt(1, 1);
+  layout.addWidget(grid);
+  layout.addStretch(1);
+  AddHintAndButtons(binder.Make(window.Label2), MakeQuietButtons(binder, {&window.OK, &window.Mégse}),
+                    layout);
+  binder.Make(window.Text1)->setParent(&view);  // until it is laid over a cell
+}
+
+void LayOutIds(panel::IdEditWindow& window, Binder& binder, QWidget& view, QVBoxLayout& layout) {
+  GridView* grid = binder.Make(window.MSFlexGrid1);
+  grid->setAccessibleName(Text(window.Caption).simplified());
+  grid->ShowWhole(grid->LeastWidth(QStringLiteral("Hexa kódos "), QStringLiteral("16383 xx")));
+  grid->StartAt(1, 1);
+  layout.addWidget(grid);
+  layout.addStretch(1);
+  auto* hint = new QLabel;
+  binder.Follow(window.MSFlexGrid1, [&window, hint] { hint->setText(Text(window.MSFlexGrid1.ToolTip)); });
+  AddHintAndButtons(hint, MakeButtonRow(binder, {&window.Módosít, &window.Mégse}), layout);
+  binder.Make(window.Text1)->setParent(&view);
 }
 
 }  // namespace
 
 bool LaidOutAsEditor(panel::Window& window, Binder& binder, QWidget& view, QVBoxLayout& layout) {
   return LaidOutAs(LayOutConfig, window, binder, view, layout) ||
+         LaidOutAs(LayOutCell, window, binder, view, layout) ||
+         LaidOutAs(LayOutIds, window, binder, view, layout) ||
          LaidOutAsWordEditor(window, binder, view, layout);
 }
 

@@ -16,11 +16,6 @@
 namespace zelvo::desktop {
 namespace {
 
-/// Cells that hold nothing yet are drawn faintly, so that a program stands out from blank memory.
-bool IsBlank(const QString& text) {
-  return text == QLatin1String("FFFF") || text == QLatin1String("3FFF") || text == QLatin1String("FF");
-}
-
 /// Draws a cell with two calls of the painter: the toolkit's own delegate costs ten times as much.
 class CellPainter : public QStyledItemDelegate {
  public:
@@ -33,7 +28,7 @@ class CellPainter : public QStyledItemDelegate {
     const bool label = col == 0;
     QColor ground = label ? QColor(colours::Heading) : FromPanel(model_.CellColour(row, col));
     QColor ink = label ? QColor(colours::Muted) : QColor(colours::Ink);
-    const bool idle = IsBlank(text) || model_.IsUnused(col);
+    const bool idle = model_.IsBlank(text) || model_.IsUnused(col);
     if (!label && idle && ground == QColor(Qt::white)) ink = QColor(colours::Faint);
     if (option.state.testFlag(QStyle::State_Selected)) {
       const QColor wash(colours::AccentWash);
@@ -103,6 +98,12 @@ QString GridModel::CellText(int dataRow, int col) const {
 
 panel::Colour GridModel::CellColour(int dataRow, int col) const {
   return dataRow + 1 < grid_.Rows() ? grid_.CellBackColor(dataRow + 1, col) : panel::White;
+}
+
+// So that a program stands out from memory that holds nothing yet.
+bool GridModel::IsBlank(const QString& text) const {
+  return faintBlanks_ &&
+         (text == QLatin1String("FFFF") || text == QLatin1String("3FFF") || text == QLatin1String("FF"));
 }
 
 bool GridModel::IsUnused(int col) const {
@@ -177,6 +178,7 @@ void GridView::Reread() {
     ShareWidth();
     FitHeight();
     scrollToTop();
+    GoToStart();
   }
   viewport()->update();
   horizontalHeader()->viewport()->update();
@@ -191,13 +193,30 @@ int GridView::LeastWidth(const QString& label, const QString& cell) const {
 }
 
 void GridView::ShowWhole(const QString& widest) {
+  whole_ = true;  // no scroll bar takes room
+  ShowWhole(LeastWidth(widest, widest));
+}
+
+void GridView::ShowWhole(int leastWidth) {
   whole_ = true;
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setSelectionMode(NoSelection);
+  model_->ShowBlanksLikeOthers();
   static_cast<Headings*>(horizontalHeader())->ShowNames();
-  setMinimumWidth(LeastWidth(widest, widest));
+  setMinimumWidth(leastWidth);
   FitHeight();
+}
+
+void GridView::StartAt(int row, int col) {
+  startRow_ = row;
+  startCol_ = col;
+  GoToStart();
+}
+
+void GridView::GoToStart() {
+  if (startRow_ > 0)
+    selectionModel()->setCurrentIndex(model_->index(startRow_ - 1, startCol_), QItemSelectionModel::NoUpdate);
 }
 
 void GridView::FitHeight() {
@@ -269,7 +288,9 @@ void GridView::keyPressEvent(QKeyEvent* event) {
   if (acts && event->isAutoRepeat()) {
     event->accept();  // the key that closed a box must not open it again
   } else if (cell.isValid() && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F2)) {
+    // As the mouse does it: a double click is a click first.
     event->accept();
+    static_cast<void>(panel::HandCellClick(grid_, cell.row() + 1, cell.column()));
     static_cast<void>(panel::HandCellDblClick(grid_, cell.row() + 1, cell.column()));
   } else if (cell.isValid() && key == Qt::Key_Space) {
     event->accept();

@@ -30,6 +30,10 @@ class GridModel : public QAbstractTableModel {
   /// The text as drawn, without the blanks around it; empty for a cell that is no longer there.
   [[nodiscard]] QString CellText(int dataRow, int col) const;
   [[nodiscard]] panel::Colour CellColour(int dataRow, int col) const;
+  /// A value that blank memory holds is drawn faintly, unless it is one of a few that are looked at one by
+  /// one.
+  [[nodiscard]] bool IsBlank(const QString& text) const;
+  void ShowBlanksLikeOthers() { faintBlanks_ = false; }
   /// A column whose heading says that it stands for nothing on the chip.
   [[nodiscard]] bool IsUnused(int col) const;
 
@@ -37,6 +41,7 @@ class GridModel : public QAbstractTableModel {
   const panel::Grid& grid_;
   unsigned layout_;
   int rows_;  ///< data rows, as the toolkit was told last
+  bool faintBlanks_ = true;
 };
 
 class GridView : public QTableView {
@@ -48,6 +53,10 @@ class GridView : public QTableView {
   [[nodiscard]] int LeastWidth(const QString& label, const QString& cell) const;
   /// Shows all rows at once, without scroll bars, in columns that hold a text as wide as `widest`.
   void ShowWhole(const QString& widest);
+  /// The same, at no less than such a width.
+  void ShowWhole(int leastWidth);
+  /// Where the keyboard begins whenever the grid is built anew, counted as the panel does.
+  void StartAt(int row, int col);
   /// Lays an edit box over a cell and keeps it there, however the cells move.
   void LayOver(EditField& box, const panel::CellPlace& place);
 
@@ -60,12 +69,15 @@ class GridView : public QTableView {
   void ConnectHand();
   void ShareWidth();
   void FitHeight();
+  void GoToStart();
   void PlaceBox();
   [[nodiscard]] int CellMargin() const;  ///< of a text, both sides together
 
   panel::Grid& grid_;
   GridModel* model_;
   bool whole_ = false;
+  int startRow_ = 0;  ///< 0 for none
+  int startCol_ = 0;
   QPointer<QWidget> box_;  ///< may have moved on to another grid
   panel::CellPlace boxPlace_;
 };

@@ -14,6 +14,7 @@
 #include "qt/placement.h"
 #include "qt/text.h"
 #include "qt/theme.h"
+#include "qt/widgets.h"
 #include "qt/window_layouts.h"
 
 namespace zelvo::desktop {
@@ -22,6 +23,15 @@ namespace {
 /// A window with the loader's question in front of it stands aside, above the middle.
 bool StandsAside(const panel::Window& window) {
   return dynamic_cast<const panel::OverwriteWindow*>(&window) != nullptr;
+}
+
+/// Windows without a button that leaves everything as it is: theirs accept, or close others, or there is
+/// none.
+bool LeavesByItsFrame(const panel::Window& window) {
+  const panel::Window* const ones[] = {&panel::LPT_COM_select, &panel::LPT_Port_Set,
+                                       &panel::Adat_él_Beállít_H, &panel::Adat_él_Beállít_COM,
+                                       &panel::Összes_Bezárása};
+  return std::find(std::begin(ones), std::end(ones), &window) != std::end(ones);
 }
 
 /// Width at which a title stands uncut between the window's icon and its buttons.
@@ -65,18 +75,33 @@ void SecondaryWindow::Refresh() {
   }
   const QString title = Text(window_.Caption).simplified();
   if (windowTitle() != title) setWindowTitle(title);
+  const bool anew = !placed_;
+  QWidget* before = focusWidget();
+  if (anew && before != nullptr) before->clearFocus();
   binder_.Refresh();
-  if (placed_ && !isHidden()) return;
-  if (!placed_) Place();
+  if (!anew && !isHidden()) return;
+  if (anew) Place();
   show();
+  ComeForward();
+  if (anew) FocusFirst();
+}
+
+void SecondaryWindow::ComeForward() {
+  if (isHidden()) return;
+  setWindowState(windowState() & ~Qt::WindowMinimized);
   raise();
   activateWindow();
+}
+
+void SecondaryWindow::FocusFirst() {
   // One Enter too many must not take the chip's values over.
-  if (auto* leave = findChild<QPushButton*>(QStringLiteral("Nem"))) leave->setFocus();
+  if (auto* leave = findChild<QPushButton*>(QStringLiteral("Nem"))) return leave->setFocus();
+  if (focusWidget() == nullptr) focusNextChild();  // an edit box may have been given it
 }
 
 void SecondaryWindow::Place() {
   placed_ = true;
+  setWindowState(Qt::WindowNoState);
   const QRect room = owner_.screen()->availableGeometry();
   // A window has a frame only once it is shown; that of the main window is as wide.
   const QSize borders = owner_.frameGeometry().size() - owner_.size();
@@ -121,21 +146,27 @@ void SecondaryWindow::closeEvent(QCloseEvent* event) {
 // Escape presses the button that leaves the window. The key that closed an edit box must not close the window
 // too by being held.
 void SecondaryWindow::keyPressEvent(QKeyEvent* event) {
-  // The one button of this window closes all the reviews; Escape leaves the window alone.
-  if (event->key() == Qt::Key_Escape && &window_ == &panel::Összes_Bezárása) {
-    event->accept();
+  if (event->key() != Qt::Key_Escape || event->isAutoRepeat()) {
+    QWidget::keyPressEvent(event);
+    return;
+  }
+  event->accept();
+  if (LeavesByItsFrame(window_)) {
     close();
     return;
   }
   for (const char* way : {"Nem", "Megse", "Mégse", "Command2", "Command1"}) {
     auto* button = findChild<QPushButton*>(QString::fromUtf8(way));
-    if (event->key() != Qt::Key_Escape || event->isAutoRepeat() || button == nullptr || !button->isVisible())
-      continue;
-    event->accept();
+    if (button == nullptr || !button->isVisible()) continue;
     button->click();
     return;
   }
-  QWidget::keyPressEvent(event);
+}
+
+// A press on the bare surface leaves an edit box as one on another control does.
+void SecondaryWindow::mousePressEvent(QMouseEvent* event) {
+  event->accept();
+  if (auto* box = dynamic_cast<EditField*>(focusWidget())) box->PressedBeside();
 }
 
 }  // namespace zelvo::desktop

@@ -17,13 +17,18 @@ class SecondaryWindow : public QWidget {
   void Refresh();
   /// The panel's window was loaded anew.
   void Reappear() { placed_ = false; }
+  /// In front of the others and ready for the keyboard, where it stands.
+  void ComeForward();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
 
  private:
   void Place();
+  /// Gives the focus to the control that a keyboard user begins with.
+  void FocusFirst();
   /// Where the window would like to stand; `alone` among the reviews, one takes the middle.
   [[nodiscard]] QRect WishedPlace(const QSize& frame, const QRect& room, bool alone) const;
   /// The places of the other reviews that can be seen.

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSlider>
 #include <functional>
 
@@ -13,8 +14,9 @@
 namespace zelvo::desktop {
 
 /// An edit box that tells of Enter, Escape and of being left for another control. A message box in front of
-/// it and a change to another program are not leaving. Over a cell, where it opens with the old value, its
-/// text is marked with the caret at the end, so that the new value replaces it.
+/// it and a change to another program are not leaving. An Escape after which it still stands is its window's.
+/// Over a cell, where it opens with the old value, its text is marked with the caret at the end, so that the
+/// new value replaces it.
 class EditField : public QLineEdit {
  public:
   using QLineEdit::QLineEdit;
@@ -22,6 +24,8 @@ class EditField : public QLineEdit {
   std::function<void()> Left;
   unsigned seenFocusRequests = 0;
 
+  /// A press beside it, on something that takes no focus.
+  void PressedBeside();
   /// Takes the focus, at once or as soon as the box is shown.
   void TakeFocus();
   /// The grid that the box lies on: it gets the focus when the box goes.
@@ -36,6 +40,20 @@ class EditField : public QLineEdit {
  private:
   QPointer<QWidget> wayBack_;
   bool wantsFocus_ = false;
+};
+
+/// One of a group of radio buttons: the group is one stop of the Tab key, and the arrow keys choose in it.
+/// One without a caption, in a matrix, shows the focus by a ring.
+class OptionView : public QRadioButton {
+ public:
+  explicit OptionView(QWidget* parent = nullptr);
+  /// The operator goes to the next one of the group, or with -1 to the one before.
+  std::function<void(int step)> Stepped;
+  void SetTabStop(bool stop) { setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus); }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 };
 
 /// A button that a held key presses once: with a run behind each press, repeats would stack up inside each

@@ -106,12 +106,12 @@ void LayOutWindow(panel::Window& window, Binder& binder, QWidget& view) {
   auto* layout = new QVBoxLayout(&view);
   layout->setContentsMargins(line, line, line, line);
   layout->setSpacing(line * 2 / 3);
-  const bool own = LaidOutAs(LayOutProgress, window, binder, view, *layout) ||
-                   LaidOutAs(LayOutIdentification, window, binder, view, *layout) ||
-                   LaidOutAs(LayOutOverwrite, window, binder, view, *layout) ||
-                   LaidOutAsReview(window, binder, view, *layout) ||
-                   LaidOutAsEditor(window, binder, view, *layout) ||
-                   LaidOutAsInformation(window, binder, view, *layout);
+  const bool own =
+      LaidOutAs(LayOutProgress, window, binder, view, *layout) ||
+      LaidOutAs(LayOutIdentification, window, binder, view, *layout) ||
+      LaidOutAs(LayOutOverwrite, window, binder, view, *layout) ||
+      LaidOutAsReview(window, binder, view, *layout) || LaidOutAsEditor(window, binder, view, *layout) ||
+      LaidOutAsSettings(window, binder, view, *layout) || LaidOutAsInformation(window, binder, view, *layout);
   if (!own) LayOutByKinds(window, binder, *layout);
 }
 

@@ -29,6 +29,10 @@ void LayOutWindow(panel::Window& window, Binder& binder, QWidget& view);
 [[nodiscard]] bool LaidOutAsInformation(panel::Window& window, Binder& binder, QWidget& view,
                                         QVBoxLayout& layout);
 
+/// The interface, its lines, and their check.
+[[nodiscard]] bool LaidOutAsSettings(panel::Window& window, Binder& binder, QWidget& view,
+                                     QVBoxLayout& layout);
+
 /// A row of buttons that closes a window off, at its right.
 [[nodiscard]] QHBoxLayout* MakeButtonRow(Binder& binder,
                                          std::initializer_list<panel::CommandButton*> buttons);
