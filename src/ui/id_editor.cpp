@@ -233,7 +233,7 @@ void Attach(const IdEditor& editor, panel::CommandButton& opener) {
   panel::IdEditWindow& window = editor.window;
   const CommitText commit = [&editor](const std::string& text) { Commit(editor, text); };
   opener.Click = [&window] {
-    if (devices::ChipIsSelected()) window.Load();
+    if (devices::ChipIsSelected()) Reopen(window);
   };
   window.OnLoad = [&editor] { Opened(editor); };
   window.MSFlexGrid1.Click = [&window, commit] { CommitCellEdit(window.Text1, commit); };

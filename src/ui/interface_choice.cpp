@@ -26,7 +26,7 @@ constexpr const char* TooLong = "A cím maximum 4 számjegy hosszú lehet!";
 constexpr std::size_t MostDigits = 4;
 
 void Tell(const char* text) {
-  platform::seams.dialogs->Message(text);
+  MessageOver(LPT_Port_Set, text);
 }
 
 /// The lines are moved through the registers from now on, not by way of the held device.
@@ -52,11 +52,13 @@ void InterfaceChosen() {
 }
 
 void InterfaceWindowOpened() {
+  MindigFelül(LPT_COM_select);
   if (link::ComMode) LPT_COM_select.COM_Radio.Select();
   if (link::LptMode) LPT_COM_select.LPT_Radio.Select();
 }
 
 void AddressWindowOpened() {
+  MindigFelül(LPT_Port_Set);
   LPT_Port_Set.Combo1.Text = std::string(NothingChosen);
   const std::initializer_list<const char*> com = {"&H3F8", "&H2F8", "&H3E8", "&H2E8"};
   const std::initializer_list<const char*> lpt = {"&H378", "&H278", "&H3BC"};
@@ -76,7 +78,7 @@ bool AreHexDigits(const std::string& text) {
 void Save(const std::string& address) {
   if (!link::WritePortFile(address)) return Tell("Ismeretlen Fájl hiba!");
   LPT_Port_Set.Unload();
-  Tell("A programot újra kell indítani a beállítások érvénybelépéséhez!");
+  platform::seams.dialogs->Message("A programot újra kell indítani a beállítások érvénybelépéséhez!");
 }
 
 void TakeFromList(const std::string& item) {
@@ -115,9 +117,9 @@ void CheckTyped(panel::Key key) {
 
 void AttachInterfaceChoice() {
   for (panel::CommandButton* button : {&Form1.Command6, &Form1.Command14})
-    button->Click = [] { LPT_COM_select.Load(); };
+    button->Click = [] { Reopen(LPT_COM_select); };
   for (panel::CommandButton* button : {&Form1.Command1, &Form1.Command26})
-    button->Click = [] { LPT_Port_Set.Load(); };
+    button->Click = [] { Reopen(LPT_Port_Set); };
   LPT_COM_select.OnLoad = InterfaceWindowOpened;
   LPT_COM_select.Command1.Click = InterfaceChosen;
   LPT_Port_Set.OnLoad = AddressWindowOpened;

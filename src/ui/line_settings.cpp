@@ -12,8 +12,8 @@
 #include "panel/form1.h"
 #include "panel/secondary_windows.h"
 #include "platform/raised.h"
-#include "platform/seams.h"
 #include "ui/behaviour.h"
+#include "ui/on_top.h"
 #include "ui/port_check.h"
 
 namespace zelvo::ui {
@@ -57,7 +57,7 @@ constexpr int BitOf(std::size_t option) {
 }
 
 void TellUnlessSaved(bool saved) {
-  if (!saved) platform::seams.dialogs->Message("Ismeretlen Fájl hiba!");
+  if (!saved) MessageOver(Adat_él_Beállít_H, "Ismeretlen Fájl hiba!");
 }
 
 /// While the window opens it shows what the file holds: there is nothing to save.
@@ -124,6 +124,7 @@ void Opened() {
     if (fields.back() == 1) Adat_él_Beállít_H.ACK_Radio.Select();
     if (fields.back() == 0) Adat_él_Beállít_H.BUSY_Radio.Select();
   }
+  MindigFelül(Adat_él_Beállít_H);
   ClosePortCheck();
 }
 
@@ -133,8 +134,8 @@ void Closed() {
 }
 
 void OpenLineSettings() {
-  if (link::LptMode) Adat_él_Beállít_H.Load();
-  if (link::ComMode) Adat_él_Beállít_COM.Load();
+  if (link::LptMode) Reopen(Adat_él_Beállít_H);
+  if (link::ComMode) Reopen(Adat_él_Beállít_COM);
 }
 
 }  // namespace

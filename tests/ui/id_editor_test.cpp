@@ -35,12 +35,16 @@ TEST_F(IdDesk, LeavesTheMainWindowUsable) {
   EXPECT_TRUE(IDLocEdit.Loaded());
 }
 
-TEST_F(IdDesk, CalledAgainItKeepsWhatIsUnderEdit) {
+TEST_F(IdDesk, CalledAgainItShowsTheBufferAfresh) {
   for (const IdEditor* editor : BothEditors) {
     Open(*editor);
+    const std::string before = Cell(*editor, HexRow, 2);
     Edit(*editor, HexRow, 2, "41");
-    EXPECT_TRUE(session.WireOf(editor->opener).empty());
-    EXPECT_EQ(Cell(*editor, HexRow, 2), "  41  ");
+    const Lines wire = session.WireOf(editor->opener);
+    ASSERT_EQ(wire.size(), 3U);
+    EXPECT_EQ(wire[0], "- " + editor->window->Name());
+    EXPECT_EQ(wire[1], "+ " + editor->window->Name());
+    EXPECT_EQ(Cell(*editor, HexRow, 2), before);
   }
 }
 

@@ -75,10 +75,18 @@ TEST_F(InterfaceChoice, BothPagesOpenTheWindows) {
   }
 }
 
-TEST_F(InterfaceChoice, AWindowThatIsOpenIsCalledAndKeepsWhatStandsThere) {
+TEST_F(InterfaceChoice, AWindowThatIsOpenGoesAndComesAfresh) {
   session.Do({"click Command1", "type LPT_Port_Set.Text1 3BC"});
-  EXPECT_EQ(session.WireOf("click Command26"), Lines{});
-  EXPECT_EQ(session.Ask("get LPT_Port_Set.Text1"), "3BC");
+  EXPECT_EQ(session.WireOf("click Command26"), (Lines{"- LPT_Port_Set", "+ LPT_Port_Set"}));
+  EXPECT_EQ(session.Ask("get LPT_Port_Set.Text1"), "");
+  session.Do("click Command6");
+  EXPECT_EQ(session.WireOf("click Command14"), (Lines{"- LPT_COM_select", "+ LPT_COM_select"}));
+}
+
+TEST_F(InterfaceChoice, BothWindowsStayAboveTheMainWindow) {
+  session.Do({"click Command1", "click Command6"});
+  EXPECT_TRUE(panel::LPT_Port_Set.OnTop);
+  EXPECT_TRUE(panel::LPT_COM_select.OnTop);
 }
 
 TEST_F(InterfaceChoice, OpeningShowsThePrinterPortAsThePresentOne) {
