@@ -69,7 +69,7 @@ TEST_F(CellEditors, LayTheBoxExactlyOverTheCellThatIsClicked) {
   for (const int col : {Hex, Decimal, Binary}) {
     ClickCell(1, col);
     ExpectBoxOver(1, col);
-    EXPECT_TRUE(Box().hasFocus());
+    EXPECT_TRUE(GetsFocus(Box()));
     EXPECT_EQ(Box().text().toStdString(), Cell(1, col));
     EXPECT_EQ(Box().selectedText(), Box().text());
   }
@@ -94,7 +94,7 @@ TEST_F(CellEditors, EnterKeepsTheOtherColumnsInStepAndOkWritesTheCell) {
   Type("F");
   Key(Qt::Key_Return);
   EXPECT_FALSE(Box().isVisible());
-  EXPECT_TRUE(Grid().hasFocus());
+  EXPECT_TRUE(GetsFocus(Grid()));
   EXPECT_EQ(Values(), "001F|31|0000 0000 0001 1111");
   EXPECT_TRUE(Flash_Edit.Loaded());
   Press("OK");
@@ -117,7 +117,7 @@ TEST_F(CellEditors, OkByMouseTakesTheOpenTextOnce) {
   // One message: a second one would wait for an answer for ever.
   EXPECT_EQ(Told([this] { Press("OK"); }), "Helyes Tartomány: 0 és 255 között");
   EXPECT_TRUE(window->isVisible());
-  EXPECT_TRUE(Box().hasFocus());
+  EXPECT_TRUE(GetsFocus(Box()));
   EXPECT_EQ(Box().text(), QStringLiteral("171"));
   Press("OK");
   EXPECT_FALSE(window->isVisible());
@@ -174,7 +174,7 @@ TEST_F(CellEditors, AnotherCellTabAndTheBareSurfaceCommit) {
   Settle();
   EXPECT_EQ(Cell(1, Hex), "0003");
   EXPECT_FALSE(Box().isVisible());
-  EXPECT_TRUE(Grid().hasFocus());
+  EXPECT_TRUE(GetsFocus(Grid()));
 
   ClickCell(1, Decimal);
   Type("4");
@@ -205,7 +205,7 @@ TEST_F(CellEditors, RefusedTextOfALeftBoxBringsTheOldOneAndTheFocusBack) {
     EXPECT_EQ(Told(leave), "Nem megfelelő formátum. 0-9, A-F,(XXXX)") << how;
     ExpectBoxOver(1, Hex);
     EXPECT_EQ(Box().text(), QStringLiteral("1F40")) << how;
-    EXPECT_TRUE(Box().hasFocus()) << how;
+    EXPECT_TRUE(GetsFocus(Box())) << how;
     EXPECT_EQ(Values(), "1F40|8000|0001 1111 0100 0000");
     Key(Qt::Key_Return);
   }
@@ -223,7 +223,7 @@ TEST_F(CellEditors, ClickOnAnotherCellStaysOnTheOldOneWithATextThatIsRefused) {
             "Helyes Tartomány: 0 és 65535 között.");
   ExpectBoxOver(1, Decimal);
   EXPECT_EQ(Box().text(), QStringLiteral("8000"));
-  EXPECT_TRUE(Box().hasFocus());
+  EXPECT_TRUE(GetsFocus(Box()));
 }
 
 TEST_F(CellEditors, AnotherProgramAndAMessageAreNoReasonToCommit) {
@@ -240,7 +240,7 @@ TEST_F(CellEditors, AnotherProgramAndAMessageAreNoReasonToCommit) {
   EXPECT_EQ(Box().text(), QStringLiteral("nonsense"));
   window->activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-  EXPECT_TRUE(Box().hasFocus());
+  EXPECT_TRUE(GetsFocus(Box()));
   EXPECT_EQ(Box().text(), QStringLiteral("nonsense"));
 }
 
@@ -250,7 +250,7 @@ TEST_F(CellEditors, AreUsedByKeyboardAlone) {
   main->setCurrentIndex(main->model()->index(1, 3));
   QTest::keyClick(main, Qt::Key_Return);
   Meet("Flash_Edit");
-  EXPECT_TRUE(Grid().hasFocus());
+  EXPECT_TRUE(GetsFocus(Grid()));
   EXPECT_EQ(Grid().currentIndex(), Grid().model()->index(0, Hex));
 
   Key(Qt::Key_F2);
@@ -279,7 +279,7 @@ TEST_F(CellEditors, AreUsedByKeyboardAlone) {
 TEST_F(CellEditors, OpenOnTheValueCellWithTheKeyboardAgainAndAgain) {
   for (int time = 0; time < 2; ++time) {
     OpenFlash();
-    EXPECT_TRUE(Grid().hasFocus()) << FocusName();
+    EXPECT_TRUE(GetsFocus(Grid())) << FocusName();
     EXPECT_EQ(Grid().currentIndex(), Grid().model()->index(0, Hex));
     ClickCell(1, Binary);
     Key(Qt::Key_Return);

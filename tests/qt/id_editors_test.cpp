@@ -56,7 +56,7 @@ TEST_F(IdEditors, LayTheBoxExactlyOverTheCellThatIsDoubleClicked) {
     for (const int col : {1, 8}) {
       DoubleClickCell(row, col);
       ExpectBoxOver(row, col);
-      EXPECT_TRUE(Box().hasFocus());
+      EXPECT_TRUE(GetsFocus(Box()));
     }
   }
   Keep(*window, "id-editor-cell");
@@ -80,7 +80,7 @@ TEST_F(IdEditors, EnterFillsTheColumnAndAcceptFillsTheMainWindowsList) {
   Type("5a");
   Key(Qt::Key_Return);
   EXPECT_FALSE(Box().isVisible());
-  EXPECT_TRUE(Grid().hasFocus());
+  EXPECT_TRUE(GetsFocus(Grid()));
   EXPECT_EQ(Column(2), "Z|5A|90");
   DoubleClickCell(Character, 3);
   Type("é");
@@ -140,7 +140,7 @@ TEST_F(IdEditors, CancelAndFrameChangeNothing) {
 
 TEST_F(IdEditors, AreUsedByKeyboardAlone) {
   OpenMid();
-  EXPECT_TRUE(Grid().hasFocus());
+  EXPECT_TRUE(GetsFocus(Grid()));
   EXPECT_EQ(Grid().currentIndex(), Grid().model()->index(0, 1));
   Key(Qt::Key_Down);
   Key(Qt::Key_Right);
