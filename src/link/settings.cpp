@@ -250,10 +250,9 @@ bool WritePortFile(const std::string& address) {
   return WriteLine(PortFile, address + (ComMode ? ",COM" : ",LPT"));
 }
 
-bool WritePinFile() {
+bool WritePinFile(const std::array<int, PinFields - 1>& bits) {
   std::string line;
-  for (const int mask : {VddSetMask, VppSetMask, DataSetMask, ClockSetMask})
-    line += std::to_string(mask) + ",";
+  for (const int bit : bits) line += std::to_string(bit) + ",";
   return WriteLine(PinFile, line + std::to_string(InputSelect));
 }
 

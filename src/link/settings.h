@@ -33,8 +33,8 @@ inline constexpr std::size_t PinFields = 5;
 // The writers give false, and leave the file as it was, when the folder cannot be written.
 /// port.ini: `address` as it is to stand in the file, and the interface kind.
 [[nodiscard]] bool WritePortFile(const std::string& address);
-/// LPT_Kiosztas.ini: the masks and the input in force.
-[[nodiscard]] bool WritePinFile();
+/// LPT_Kiosztas.ini: the bit of each line, and the input in force.
+[[nodiscard]] bool WritePinFile(const std::array<int, PinFields - 1>& bits);
 [[nodiscard]] bool WriteInvertFile(int bits);
 [[nodiscard]] bool WriteComInvertFile(int bits);
 

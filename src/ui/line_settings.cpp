@@ -60,9 +60,25 @@ void TellUnlessSaved(bool saved) {
   if (!saved) MessageOver(Adat_él_Beállít_H, "Ismeretlen Fájl hiba!");
 }
 
-/// While the window opens it shows what the file holds: there is nothing to save.
+/// 0 when none of the group is selected.
+int ChosenBit(std::size_t line) {
+  int bit = 0;
+  for (std::size_t option = 0; option < Groups.at(line)->size(); ++option) {
+    if (Groups.at(line)->at(option).Value) bit = BitOf(option);
+  }
+  return bit;
+}
+
+/// While the window opens it shows what the file holds: there is nothing to save. The file takes what is
+/// shown, since the masks in force may be the serial board's by now; a group without a choice keeps its mask.
 void SavePins() {
-  if (!Adat_él_Beállít_H.Loading) TellUnlessSaved(link::WritePinFile());
+  if (Adat_él_Beállít_H.Loading) return;
+  std::array<int, link::OutputLines> bits{link::VddSetMask, link::VppSetMask, link::DataSetMask,
+                                          link::ClockSetMask};
+  for (std::size_t line = 0; line < bits.size(); ++line) {
+    if (const int chosen = ChosenBit(line)) bits.at(line) = chosen;
+  }
+  TellUnlessSaved(link::WritePinFile(bits));
 }
 
 void SaveInversions() {
@@ -73,11 +89,7 @@ void SaveInversions() {
 }
 
 void BitChosen(std::size_t line) {
-  int bit = 0;
-  for (std::size_t option = 0; option < Groups.at(line)->size(); ++option) {
-    if (Groups.at(line)->at(option).Value) bit = BitOf(option);
-  }
-  link::SetMasks(line, bit);
+  link::SetMasks(line, ChosenBit(line));
   SavePins();
 }
 

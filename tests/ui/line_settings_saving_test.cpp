@@ -132,6 +132,18 @@ TEST_F(LineSettings, TheSelectedBitsAreWhatTheNextStartReads) {
       (Lines{"128", "64", "32", "16", "239", "0"}));
 }
 
+TEST_F(LineSettings, TheFileTakesWhatIsShownWhenTheSerialPortsMasksAreInForceMeanwhile) {
+  Open();
+  session.Do({"click Command6", "tick LPT_COM_select.COM_Radio", "click LPT_COM_select.Command1",
+              "choose LPT_Port_Set.Combo1 &H3F8", "click LPT_Port_Set.Command1", "click Command5",
+              "tick Adat_él_Beállít_COM.Check4_Vpp", "close Adat_él_Beállít_COM"});
+  ASSERT_EQ(Var("VppSetMask"), "64") << "the break bit";
+  session.Do("click Adat_él_Beállít_H.BUSY_Radio");
+  EXPECT_EQ(Pins(), "4,8,1,2,0\r\n");
+  session.Do("click Adat_él_Beállít_H.Option22");
+  EXPECT_EQ(Pins(), "4,8,1,64,0\r\n");
+}
+
 // Closing.
 
 TEST_F(LineSettings, ClosingLogsTheInputThatIsSelected) {
