@@ -5,6 +5,7 @@
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <cstdlib>
 
 #include "linux/register_port.h"
 
@@ -13,8 +14,9 @@ namespace {
 
 std::array<std::atomic<RegisterPort*>, 16> published{};
 
-constexpr std::array endSignals = {SIGTERM, SIGINT, SIGHUP, SIGQUIT};
-constexpr std::array crashSignals = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT};
+// SIGPIPE: a line told into a pipe that nobody reads any more.
+constexpr std::array endSignals = {SIGTERM, SIGINT, SIGHUP, SIGQUIT, SIGPIPE};
+constexpr std::array crashSignals = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGTRAP, SIGSYS};
 
 // A crash by an exhausted stack leaves the handler no room there.
 alignas(16) std::array<unsigned char, 64 * 1024> handlerStack;
@@ -72,6 +74,8 @@ void InstallIdleOnSignals() {
     if (!IsIgnored(signal)) Install(signal);
   }
   for (const int signal : crashSignals) Install(signal);
+  // The toolkit calls exit() when the display is gone, past every destructor of a port.
+  std::atexit(WriteIdleLevels);
 }
 
 }  // namespace zelvo::linuxio

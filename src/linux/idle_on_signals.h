@@ -14,9 +14,9 @@ void WithdrawFromIdle(RegisterPort& port) noexcept;
 /// Brings every published port to rest. Async-signal-safe.
 void WriteIdleLevels() noexcept;
 
-/// Installs the handler for SIGTERM, SIGINT, SIGHUP, SIGQUIT and the crash signals. It writes the idle levels
-/// and lets the signal then do what it does by default. A signal that the parent has set to be ignored stays
-/// ignored. Call once, from the main thread.
+/// Installs the handler for SIGTERM, SIGINT, SIGHUP, SIGQUIT, SIGPIPE and the crash signals. It writes the
+/// idle levels and lets the signal then do what it does by default. A signal that the parent has set to be
+/// ignored stays ignored. The levels are written at exit() too. Call once, from the main thread.
 void InstallIdleOnSignals();
 
 }  // namespace zelvo::linuxio

@@ -56,6 +56,8 @@ bool TerminalDevice::Prepare(Refusal& refusal) {
   // The open has raised both lines. New settings may do so again, hence the second time.
   const bool done =
       SetModemLines(0) && Request(TIOCEXCL, nullptr) && system_.tcgetattr(descriptor_, &found_) == 0;
+  // A killed program may have left a break: not every adapter's driver ends it. One without any refuses.
+  if (done) static_cast<void>(SetBreak(false));
   const termios settings = RawSettings(found_);
   if (!done || system_.tcsetattr(descriptor_, TCSANOW, &settings) != 0 || !SetModemLines(0)) {
     refusal = {path_ + " cannot be set up: " + std::strerror(errno)};

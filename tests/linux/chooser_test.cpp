@@ -147,6 +147,12 @@ TEST_F(ChooserTest, WhereTheAddressIsHiddenTheDriverIsAsked) {
   EXPECT_EQ(kernel.devices["/dev/ttyS6"].opens, kernel.devices["/dev/ttyS6"].closes);
 }
 
+TEST_F(ChooserTest, AUartWhoseDriverCannotTellItsAddressIsReachedByTheComNumber) {
+  kernel.AddUart("ttyS1", "").serialPort = -1;
+  EXPECT_EQ(LineOf(0x2FC),
+            "zelvo: port 2F8h to 2FFh is served by the terminal device /dev/ttyS1 (the device of COM2).");
+}
+
 TEST_F(ChooserTest, ALinkInTheProgramsFolderNamesAUsbAdapter) {
   kernel.AddLink("/home/op/zelvo/COM3", "/dev/ttyUSB0");
   kernel.AddDevice("/dev/ttyUSB0", FakeDevice::Kind::Terminal);

@@ -168,7 +168,7 @@ int TcGetAttr(int, termios* settings) {
 
 int TcSetAttr(int descriptor, int, const termios* settings) {
   FakeDevice& device = Device(descriptor);
-  device.breakOn = false;  // new settings rewrite the line control register
+  if (!device.keepsBreak) device.breakOn = false;  // new settings rewrite the line control register
   const bool ours = (settings->c_cflag & CLOCAL) != 0 && (settings->c_cflag & CRTSCTS) == 0 &&
                     (settings->c_cflag & CSIZE) == CS8 && ::cfgetospeed(settings) == B9600;
   device.settingsChanged = ours;

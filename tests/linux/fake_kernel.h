@@ -27,6 +27,7 @@ struct FakeDevice {
   unsigned char data = 0x04, status = 0x40, control = 0x0C;
   int modem = 0x4000;  ///< OUT2, as a running UART has it
   bool breakOn = false;
+  bool keepsBreak = false;  ///< through new settings, as some adapters
   bool settingsChanged = false;
   int serialPort = -1;  ///< answer of TIOCGSERIAL; -1: not supported
   int serialType = 4;

@@ -78,7 +78,7 @@ Ending HowItEnds(End end, bool ignoreHangUp = false) {
 }
 
 TEST(IdleOnSignals, TheLinesRestAndTheSignalStillEndsTheProgram) {
-  for (const int signal : {SIGTERM, SIGINT, SIGHUP, SIGQUIT}) {
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP, SIGQUIT, SIGPIPE}) {
     const Ending ending = HowItEnds([signal] { ::raise(signal); });
     EXPECT_EQ(ending.signal, signal);
     EXPECT_EQ(ending.written, "\x91") << signal;
@@ -86,7 +86,7 @@ TEST(IdleOnSignals, TheLinesRestAndTheSignalStillEndsTheProgram) {
 }
 
 TEST(IdleOnSignals, TheLinesRestOnACrash) {
-  for (const int signal : {SIGSEGV, SIGBUS, SIGFPE, SIGILL}) {
+  for (const int signal : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGTRAP, SIGSYS}) {
     const Ending ending = HowItEnds([signal] { ::raise(signal); });
     EXPECT_EQ(ending.signal, signal);
     EXPECT_EQ(ending.written, "\x91") << signal;
@@ -97,6 +97,12 @@ TEST(IdleOnSignals, TheLinesRestOnACrash) {
 TEST(IdleOnSignals, TheLinesRestWhenTheStackIsUsedUp) {
   const Ending ending = HowItEnds([] { ::_exit(UseUpTheStack(0)); });
   EXPECT_EQ(ending.signal, SIGSEGV);
+  EXPECT_EQ(ending.written, "\x91");
+}
+
+TEST(IdleOnSignals, TheLinesRestWhenTheToolkitExitsForALostDisplay) {
+  const Ending ending = HowItEnds([] { std::exit(1); });
+  EXPECT_EQ(ending.signal, 0);
   EXPECT_EQ(ending.written, "\x91");
 }
 

@@ -7,7 +7,7 @@
 namespace zelvo::linuxio {
 namespace {
 
-constexpr char opening[] = "open M? M= texcl set M=";
+constexpr char opening[] = "open M? M= texcl nobreak set M=";
 
 IdleLevels SerialBoard() {
   return {{{0x3FC, 3, 0}, {0x3FB, 64, 0}}};
@@ -38,6 +38,22 @@ TEST_F(UartPortTest, AnOpenLowersBothLinesAtOnceAndPutsTheSettingsOnce) {
   EXPECT_TRUE(kernel.devices["/dev/ttyS0"].settingsChanged);
   ASSERT_EQ(kernel.told.size(), 1U);
   EXPECT_EQ(kernel.told[0], "zelvo: port 3F8h to 3FFh is served by the terminal device /dev/ttyS0.");
+}
+
+TEST_F(UartPortTest, ABreakThatAKilledProgramLeftEndsBeforeAnyAccess) {
+  FakeDevice& device = kernel.AddUart("ttyS0", "0x3F8\n");
+  device.breakOn = true;
+  device.keepsBreak = true;
+  MakeThem();
+  EXPECT_EQ(ports->Inp32(0x3FB), 3);
+  EXPECT_FALSE(device.breakOn);
+}
+
+TEST_F(UartPortTest, AnAdapterThatKnowsNoBreakAtAllIsServed) {
+  kernel.AddUart("ttyS0", "0x3F8\n").errors[TIOCCBRK] = {ENOTTY};
+  MakeThem();
+  EXPECT_TRUE(claim->Open(1, "9600,N,8,1"));
+  EXPECT_EQ(kernel.told.size(), 1U);
 }
 
 TEST_F(UartPortTest, TheRegistersMoveTheLinesAndReadBackWhatWasWritten) {
