@@ -1,7 +1,7 @@
 #!/bin/bash
-# The program's port code against the real kernel drivers: boots a guest machine with a printer port and serial
-# ports that lead nowhere, runs bench scripts in it through the parallel-port device, the terminal device and raw
-# I/O, and compares the host's record of every register access with the bench's wire logs.
+# The program's port code against the real kernel drivers: boots a guest machine with printer ports, serial ports
+# and a USB serial adapter that lead nowhere, runs bench scripts in it through the parallel-port device, the terminal
+# device and raw I/O, and compares the host's record of every register access with the bench's wire logs.
 #
 #   scripts/ports-in-guest.sh BUILD      BUILD: the folder with the built programs
 #
@@ -13,19 +13,37 @@ guest=$build/guest
 export LC_ALL=C.UTF-8
 mkdir -p "$guest"
 
+# In the order of loading; the last six for a USB adapter.
+modules="parport/parport parport/parport_pc char/ppdev char/lp
+  usb/common/usb-common usb/core/usbcore usb/host/xhci-hcd usb/host/xhci-pci usb/serial/usbserial usb/serial/ftdi_sio"
+
+no_kernel() {
+  echo "The guest's kernel could not be fetched: $1. This needs Debian's package lists (apt-get update) and the network." >&2
+  return 1
+}
+
 # The kernel's package is taken apart, never installed.
 fetch_kernel() {
-  local package
-  [ -e "$guest/kernel/vmlinuz" ] && return
-  package=$(apt-cache depends linux-image-amd64 | sed -n 's/.*Depends: \(linux-image-[0-9].*\)/\1/p' | head -n 1)
-  [ -n "$package" ] || { echo "apt knows no kernel package; run apt-get update" >&2; return 1; }
-  (cd "$guest" && apt-get download -q "$package" 2>/dev/null)
+  local package scratch
+  [ "$(cat "$guest/kernel/modules" 2>/dev/null)" = "$modules" ] && return
+  package=$(apt-cache depends linux-image-amd64 2>/dev/null | sed -n 's/.*Depends: \(linux-image-[0-9].*\)/\1/p' | head -n 1) || true
+  [ -n "$package" ] || no_kernel "apt knows no package linux-image-amd64"
+  # Where apt's own user may write as well, else it complains as root.
+  scratch=$(mktemp -d)
+  trap "rm -rf '$scratch'" EXIT
+  chmod 755 "$scratch"
+  [ "$(id -u)" != 0 ] || chown _apt "$scratch"
+  if ! (cd "$scratch" && apt-get download -q "$package" >download.log 2>&1); then
+    cat "$scratch/download.log" >&2
+    no_kernel "apt-get download $package failed"
+  fi
   rm -rf "$guest/kernel"
   mkdir -p "$guest/kernel"
-  dpkg-deb --fsys-tarfile "$guest/$package"_*.deb |
-    tar -x -C "$guest/kernel" --wildcards './boot/vmlinuz*' '*/drivers/parport/parport*.ko' '*/char/ppdev.ko' '*/char/lp.ko'
+  # shellcheck disable=SC2046,SC2086
+  dpkg-deb --fsys-tarfile "$scratch/$package"_*.deb |
+    tar -x -C "$guest/kernel" --wildcards './boot/vmlinuz*' $(printf '*/drivers/%s.ko\n' $modules)
   mv "$guest"/kernel/boot/vmlinuz* "$guest/kernel/vmlinuz"
-  rm -f "$guest/$package"_*.deb
+  echo "$modules" >"$guest/kernel/modules"
 }
 
 # settings FOLDER PORT INVERT INVERT_COM
@@ -45,6 +63,9 @@ all_settings() {
   settings "$1/com2-inverted" '&H2F8,COM' 0 15
   settings "$1/com3" '&H3E8,COM' 0 0
   settings "$1/com3-inverted" '&H3E8,COM' 0 15
+  settings "$1/lpt-3bc" '&H3BC,LPT' 0 0
+  settings "$1/lpt-none" '&H278,LPT' 0 0
+  settings "$1/com4" '&H2E8,COM' 0 0
 }
 
 make_root() {
@@ -77,6 +98,7 @@ at_the_bench() {
   at_bench com2-inverted "com base=2F8 inverted=pgd,pgc,input,vpp" com
   at_bench com3 "com base=3E8" com
   at_bench com3-inverted "com base=3E8 inverted=pgd,pgc,input,vpp" com
+  at_bench com4 "com base=2E8" com
 }
 
 # No console: the traffic of a serial console would stand in the record without telling which port it is.
@@ -84,9 +106,13 @@ boot() {
   rm -f "$guest/record.txt" "$guest/words.txt"
   timeout 110 qemu-system-x86_64 -accel tcg -m 256 -nodefaults -display none -no-reboot \
     -kernel "$guest/kernel/vmlinuz" -initrd "$guest/root.gz" -append "quiet panic=-1 pnpacpi=off 8250.nr_uarts=2" \
-    -parallel null -serial null -serial null -chardev null,id=third -device isa-serial,iobase=0x3e8,irq=5,chardev=third \
+    -parallel null -chardev null,id=other -device isa-parallel,iobase=0x3bc,irq=6,chardev=other \
+    -serial null -serial null -chardev null,id=third -device isa-serial,iobase=0x3e8,irq=5,chardev=third \
+    -device qemu-xhci -chardev null,id=usb -device usb-serial,always-plugged=on,chardev=usb \
     -debugcon "file:$guest/words.txt" \
-    -trace parallel_ioport_write -trace parallel_ioport_read -trace serial_write -trace serial_read -D "$guest/record.txt"
+    -trace parallel_ioport_write -trace parallel_ioport_read -trace serial_write -trace serial_read \
+    -trace usb_serial_handle_control -D "$guest/record.txt" ||
+    echo "The guest machine came to no good end (exit $?; 124: it took too long)." >&2
 }
 
 fetch_kernel

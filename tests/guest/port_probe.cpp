@@ -7,10 +7,13 @@
 //   port_probe loop FOLDER BASE         RTS comes back as CTS through the UART's loop-back
 //   port_probe cost FOLDER BASE         time of a port access and of a clocked bit
 //   port_probe hold DEVICE              claims a parallel port until it is killed
+//   port_probe raise FOLDER [WHO]       every line of the board away from its rest until it is killed
+//   port_probe lose FOLDER BASE         the same, then goes on moving lines until the port has left, and on
 //   port_probe poke ADDRESS VALUE       one byte to a register, both hexadecimal
 #include <fcntl.h>
 #include <grp.h>
 #include <linux/ppdev.h>
+#include <signal.h>
 #include <sys/io.h>
 #include <sys/ioctl.h>
 #include <sys/wait.h>
@@ -45,6 +48,9 @@ using Words = std::vector<std::string>;
 constexpr unsigned short DebugPort = 0xE9;
 /// The scratch register of the third serial port: a write there moves nothing and stands in the record.
 constexpr unsigned short MarkPort = 0x3EF;
+/// Both outputs of a UART's modem control register.
+constexpr int Dtr = 1;
+constexpr int Rts = 2;
 
 int Fail(const std::string& what) {
   std::cout << "probe: " << what << '\n';
@@ -53,6 +59,7 @@ int Fail(const std::string& what) {
 
 int Say(const Words&) {
   if (ioperm(DebugPort, 1, 1) != 0) return 1;
+  std::cout << "ready" << std::endl;
   for (int c = std::getchar(); c != EOF; c = std::getchar()) outb(static_cast<unsigned char>(c), DebugPort);
   return 0;
 }
@@ -103,7 +110,10 @@ struct Machine {
     context.system = &system;
     context.programFolder = folder;
     context.idleLevels = linuxio::IdleLevelsOfBoard;
-    context.tell = [](const std::string& line) { std::cout << line << std::endl; };
+    context.tell = [this](const std::string& line) {
+      std::cout << line << std::endl;
+      ++told;
+    };
     const auto table = linuxio::MakePortTable(context);
     ports = linuxio::MakePorts(table);
     serial = linuxio::MakeSerialClaim(table);
@@ -112,6 +122,7 @@ struct Machine {
   }
 
   bench::Bench bench;
+  int told = 0;  ///< lines about the ports
   std::unique_ptr<platform::Ports> ports;
   std::unique_ptr<platform::SerialClaim> serial;
 };
@@ -137,7 +148,6 @@ int Loop(const Words& words) {
   Machine machine(words.at(0));
   const int base = std::stoi(words.at(1), nullptr, 16);
   constexpr int LoopBack = 16;
-  constexpr int Rts = 2;
   bool follows = true;
   for (const bool level : {true, false, true, false}) {
     machine.ports->Out32(base + link::UartModemControl, LoopBack | (level ? Rts : 0));
@@ -238,12 +248,55 @@ int Hold(const Words& words) {
   for (;;) pause();
 }
 
+/// Starts the program and moves every line away from its rest: Vdd and Vpp on, among others.
+void RaiseLines(Machine& machine) {
+  machine.bench.Run("start");
+  for (const linuxio::IdleRegister& lines : linuxio::IdleLevelsOfBoard()) {
+    if (lines.address < 0) continue;
+    const int now = machine.ports->Inp32(lines.address);
+    machine.ports->Out32(lines.address, (now & ~lines.mask) | (lines.value ^ lines.mask));
+  }
+  std::cout << "raised" << std::endl;
+}
+
+int Raise(const Words& words) {
+  if (words.size() > 1 && !Become(words[1])) return Fail("cannot become " + words[1]);
+  // A shell lets what runs behind an & ignore these two.
+  for (const int wanted : {SIGINT, SIGQUIT}) static_cast<void>(signal(wanted, SIG_DFL));
+  Machine machine(words.at(0));
+  RaiseLines(machine);
+  for (;;) pause();
+}
+
+/// A port that leaves during a run: told once, all accesses come back, the program ends as always.
+int Lose(const Words& words) {
+  Machine machine(words.at(0));
+  const int base = std::stoi(words.at(1), nullptr, 16);
+  RaiseLines(machine);
+  const int toldAtStart = machine.told;
+  const auto move = [&machine, base](int level) {
+    machine.ports->Out32(base + link::UartModemControl, level);
+    return machine.ports->Inp32(base + link::UartModemStatus);
+  };
+  constexpr int Patience = 500;
+  for (int i = 0; machine.told == toldAtStart && i < Patience; ++i) {
+    move(i % 2 == 0 ? Dtr : Rts);
+    usleep(10000);
+  }
+  bool still = true;
+  for (int i = 0; i < Times; ++i) still = still && move(i % 4) == 0xFF;
+  machine.bench.Run("stop");
+  std::cout << (still && machine.told == toldAtStart + 1 ? "lost once and still\n"
+                                                         : "NOT lost as it should\n");
+  return 0;
+}
+
 }  // namespace
 
 int main(int count, char** words) {
   const std::map<std::string, int (*)(const Words&)> jobs = {
-      {"say", Say},   {"mark", Mark}, {"run", RunScript}, {"loop", Loop},
-      {"poke", Poke}, {"cost", Cost}, {"hold", Hold}};
+      {"say", Say},   {"mark", Mark}, {"run", RunScript}, {"loop", Loop}, {"poke", Poke},
+      {"cost", Cost}, {"hold", Hold}, {"raise", Raise},   {"lose", Lose}};
   const auto job = jobs.find(count > 1 ? words[1] : "");
   if (job == jobs.end()) return 2;
   return job->second(Words(words + 2, words + count));
