@@ -1,7 +1,7 @@
 // An edit box over a cell of a grid, in the two manners of the editors.
 //
 // A passing box goes at every Enter and Escape. Escape leaves the text in it, and the next click on a grid
-// commits what was left: nothing typed is ever thrown away unseen.
+// commits what was left.
 //
 // A standing box commits at Enter and when it is left for another control, and goes only when its text is
 // accepted; a refused one brings back the text that the edit began with.

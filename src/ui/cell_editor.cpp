@@ -45,6 +45,7 @@ struct CellEditor {
   // As it was when the editor opened: both editors can be open, and `EditRow` tells of the last one.
   const CellRules* rules = nullptr;
   panel::Grid* mainGrid = nullptr;
+  int tab = 0;
   int row = 0;
   int col = 0;
 };
@@ -127,12 +128,19 @@ void MainGridDoubleClicked(CellEditor& editor, panel::Grid& grid, int row, int c
   editor.row = row;
   editor.col = col;
   editor.mainGrid = &grid;
+  editor.tab = Form1.TabStrip1.SelectedItem;
   editor.rules = &editor.rulesOfPage();
   editor.window.Load();
 }
 
-/// The main grid has fewer rows than before when another chip was chosen meanwhile.
+/// Another page has deselected the chip, and its words are of another width: nothing is taken over. The main
+/// grid has fewer rows than before when another chip of the page was chosen meanwhile.
 void Accept(CellEditor& editor) {
+  if (Form1.TabStrip1.SelectedItem != editor.tab) {
+    MessageOver(editor.window, devices::NoChipMessage);
+    editor.window.Unload();
+    return;
+  }
   if (!editor.box.Take()) return;
   const std::string hex = editor.window.MSFlexGrid1.Text(ValueRow, Hex);
   editor.cell(editor.col, editor.row) = hex;
