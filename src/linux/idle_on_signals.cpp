@@ -14,7 +14,7 @@ namespace {
 
 std::array<std::atomic<RegisterPort*>, 16> published{};
 
-// SIGPIPE: a line told into a pipe that nobody reads any more.
+// SIGPIPE: the display, or whoever reads what is told, is gone.
 constexpr std::array endSignals = {SIGTERM, SIGINT, SIGHUP, SIGQUIT, SIGPIPE};
 constexpr std::array crashSignals = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGTRAP, SIGSYS};
 

@@ -1,0 +1,8 @@
+# Run by CPack on the tree that becomes the package: folders are readable by all and written by their owner, whatever
+# mask the one who packs has set.
+file(GLOB_RECURSE entries LIST_DIRECTORIES true ${CPACK_TEMPORARY_DIRECTORY}/*)
+foreach(entry IN LISTS entries)
+  if(IS_DIRECTORY ${entry})
+    file(CHMOD ${entry} PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+  endif()
+endforeach()
