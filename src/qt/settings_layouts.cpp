@@ -50,6 +50,7 @@ void LayOutAddress(panel::PortAddressWindow& window, Binder& binder, QWidget& vi
   auto* manual = new QHBoxLayout;
   manual->addWidget(binder.Make(window.Label2));
   QLineEdit* digits = binder.Make(window.Text1);
+  digits->setProperty("standing", true);
   digits->setFont(MonospacedFont());
   digits->setMinimumWidth(view.fontMetrics().averageCharWidth() * 10);
   manual->addWidget(digits, 1);

@@ -40,8 +40,9 @@ QFrame[readout="true"] { background: %heading; color: %ink; border: @hpx solid %
                          padding: @hpx @2px; }
 QFrame[readout="true"]:focus { border-color: %accent; }
 QLineEdit { background: %card; border: @hpx solid %accent; border-radius: @1px; padding: @hpx @2px; }
-QLineEdit[bit="true"] { border-color: %border; selection-background-color: %wash; selection-color: %ink; }
-QLineEdit[bit="true"]:focus { border-color: %accent; }
+QLineEdit[standing="true"] { border-color: %border; }
+QLineEdit[standing="true"]:focus { border-color: %accent; }
+QLineEdit[bit="true"] { selection-background-color: %wash; selection-color: %ink; }
 QTableView, QListView { background: %card; border: @hpx solid %rule; border-radius: @1px;
                         selection-background-color: %wash; selection-color: %ink; }
 QTableView:focus, QListView:focus { border-color: %accent; }

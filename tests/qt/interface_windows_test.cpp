@@ -1,5 +1,6 @@
 // The windows of the interface and of its address.
 #include <QComboBox>
+#include <QImage>
 #include <QLineEdit>
 #include <QRadioButton>
 
@@ -102,6 +103,20 @@ TEST_F(SettingsWindows, AddressIsChosenFromTheList) {
   EXPECT_FALSE(window->isVisible());
   EXPECT_EQ(File("port.ini"), "&H278,LPT");
   EXPECT_EQ(Log().front(), ":  Port új Címe: H278");
+}
+
+TEST_F(SettingsWindows, AddressByHandIsFramedAsHavingTheFocusOnlyWhenItHasIt) {
+  OpenAddress();
+  const auto frame = [this] {
+    const QImage box = In<QLineEdit>("Text1").grab().toImage();
+    return box.pixelColor(box.width() / 2, 0);
+  };
+  const QColor atRest = frame();
+  Key(Qt::Key_Tab);
+  ASSERT_EQ(FocusName(), "Text1");
+  EXPECT_NE(frame(), atRest);
+  Key(Qt::Key_Tab);
+  EXPECT_EQ(frame(), atRest);
 }
 
 TEST_F(SettingsWindows, AddressIsTypedAndEnterOnlyChecksIt) {
