@@ -3,6 +3,7 @@
 #include <QCommandLineParser>
 #include <iostream>
 
+#include "apps/help.h"
 #include "apps/program_folder.h"
 #include "linux/board_idle.h"
 #include "linux/idle_on_signals.h"
@@ -13,15 +14,16 @@
 
 int main(int count, char** words) {
   using namespace zelvo;
-  QApplication application(count, words);
-  desktop::PrepareApplication(application);
-
   QCommandLineParser options;
   options.setApplicationDescription(QStringLiteral("Programmer for PIC18F, PIC16F and PIC12F chips."));
   options.addHelpOption();
   const QCommandLineOption folder(QStringLiteral("folder"), QStringLiteral("Folder of the settings files."),
                                   QStringLiteral("DIR"));
   options.addOption(folder);
+  desktop::TellHelpIfAsked(options, count, words);
+
+  QApplication application(count, words);
+  desktop::PrepareApplication(application);
   options.process(application);
 
   const QString own = desktop::ProgramFolder(options.value(folder));

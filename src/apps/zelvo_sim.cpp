@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/help.h"
 #include "apps/probapad.h"
 #include "apps/program_folder.h"
 #include "apps/sim_machine.h"
@@ -63,10 +64,6 @@ int Fail(const std::string& reason) {
 }  // namespace
 
 int main(int count, char** words) {
-  QApplication application(count, words);
-  desktop::PrepareApplication(application);
-  QApplication::setApplicationName(QStringLiteral("zelvo-sim"));
-
   QCommandLineParser options;
   options.setApplicationDescription(QStringLiteral("The window of zelvo on a simulated board."));
   options.addHelpOption();
@@ -81,6 +78,11 @@ int main(int count, char** words) {
           "\"none\"; else one that fits the port.ini of the folder."),
       QStringLiteral("TEXT"));
   options.addOptions({folder, socket, board});
+  desktop::TellHelpIfAsked(options, count, words);
+
+  QApplication application(count, words);
+  desktop::PrepareApplication(application);
+  QApplication::setApplicationName(QStringLiteral("zelvo-sim"));
   options.process(application);
 
   const QString own = desktop::ProgramFolder(options.value(folder));
