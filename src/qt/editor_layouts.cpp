@@ -112,7 +112,10 @@ void LayOutCell(panel::CellEditWindow& window, Binder& binder, QWidget& view, QV
 void LayOutIds(panel::IdEditWindow& window, Binder& binder, QWidget& view, QVBoxLayout& layout) {
   GridView* grid = binder.Make(window.MSFlexGrid1);
   grid->setAccessibleName(Text(window.Caption).simplified());
-  grid->ShowWhole(grid->LeastWidth(QStringLiteral("Hexa kódos "), QStringLiteral("16383 xx")));
+  // Eight bytes side by side on a small screen, or four words.
+  const bool bytes = &window == &panel::IDLocEdit;
+  const QString widest = bytes ? QStringLiteral("255 xx") : QStringLiteral("16383 xx");
+  grid->ShowWhole(grid->LeastWidth(QStringLiteral("Hexa kódos "), widest));
   grid->StartAt(1, 1);
   layout.addWidget(grid);
   layout.addStretch(1);
