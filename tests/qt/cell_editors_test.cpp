@@ -195,8 +195,8 @@ TEST_F(CellEditors, AnotherCellTabAndTheBareSurfaceCommit) {
 TEST_F(CellEditors, RefusedTextOfALeftBoxBringsTheOldOneAndTheFocusBack) {
   OpenFlash();
   const auto surface = [this] { NativeClick(*window, QPoint(3, 3)); };
-  const auto tab = [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab); };
-  const auto enter = [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); };
+  const auto tab = [this] { QTest::keyClick(Focused(), Qt::Key_Tab); };
+  const auto enter = [this] { QTest::keyClick(Focused(), Qt::Key_Return); };
   const std::pair<std::function<void()>, const char*> ways[] = {
       {surface, "on the surface"}, {tab, "Tab"}, {enter, "Enter"}};
   for (const auto& [leave, how] : ways) {
