@@ -7,6 +7,7 @@
 #include "platform/raised.h"
 #include "ui/behaviour.h"
 #include "ui/on_top.h"
+#include "ui/settings_saving.h"
 
 namespace zelvo::ui {
 
@@ -34,9 +35,7 @@ void UpdateFlag(const InvertBox& one) {
 }
 
 void Save() {
-  int bits = 0;
-  for (const InvertBox& one : InvertBoxes) bits += one.box.Value ? one.bit : 0;
-  if (!link::WriteComInvertFile(bits)) MessageOver(Adat_él_Beállít_COM, "Ismeretlen Fájl hiba!");
+  TellUnlessSaved(Adat_él_Beállít_COM, link::WriteComInvertFile(TickedBits(InvertBoxes)));
 }
 
 void Clicked(const InvertBox& one) {

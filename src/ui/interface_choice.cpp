@@ -1,5 +1,4 @@
 // `LPT_COM_select` and `LPT_Port_Set`: which interface, and at what address.
-#include <algorithm>
 #include <string>
 
 #include "link/event_log.h"
@@ -12,6 +11,7 @@
 #include "ui/behaviour.h"
 #include "ui/number_entry.h"
 #include "ui/on_top.h"
+#include "ui/settings_saving.h"
 
 namespace zelvo::ui {
 
@@ -68,15 +68,9 @@ void AddressWindowOpened() {
     manual->Visible = !link::ComMode;
 }
 
-bool AreHexDigits(const std::string& text) {
-  return std::all_of(text.begin(), text.end(), [](char c) {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
-  });
-}
-
 /// An address that could not be kept is no reason to restart: the window stays for another try.
 void Save(const std::string& address) {
-  if (!link::WritePortFile(address)) return Tell("Ismeretlen Fájl hiba!");
+  if (!TellUnlessSaved(LPT_Port_Set, link::WritePortFile(address))) return;
   LPT_Port_Set.Unload();
   platform::seams.dialogs->Message("A programot újra kell indítani a beállítások érvénybelépéséhez!");
 }
@@ -91,7 +85,7 @@ void TakeFromList(const std::string& item) {
 
 void TakeTyped(const std::string& digits) {
   if (CharacterCount(digits) > MostDigits) return Tell(TooLong);
-  const auto address = AreHexDigits(digits) ? link::ReadHex(digits) : std::nullopt;
+  const auto address = link::ReadHex(digits);
   if (!address) return Tell("Hibás megadott cím!");
   link::PortBase = static_cast<std::int16_t>(*address);
   Save("&H" + digits);
@@ -110,7 +104,7 @@ void CheckTyped(panel::Key key) {
   if (key != panel::Key::Enter) return;
   const std::string typed = LPT_Port_Set.Text1.Text;
   if (CharacterCount(typed) > MostDigits) return Tell(TooLong);
-  if (!AreHexDigits(typed)) Tell("Nem megengedett karakter!");
+  if (!typed.empty() && !link::ReadHex(typed)) Tell("Nem megengedett karakter!");
 }
 
 }  // namespace

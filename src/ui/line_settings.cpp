@@ -15,6 +15,7 @@
 #include "ui/behaviour.h"
 #include "ui/on_top.h"
 #include "ui/port_check.h"
+#include "ui/settings_saving.h"
 
 namespace zelvo::ui {
 
@@ -56,10 +57,6 @@ constexpr int BitOf(std::size_t option) {
   return 128 >> option;
 }
 
-void TellUnlessSaved(bool saved) {
-  if (!saved) MessageOver(Adat_él_Beállít_H, "Ismeretlen Fájl hiba!");
-}
-
 /// 0 when none of the group is selected.
 int ChosenBit(std::size_t line) {
   int bit = 0;
@@ -78,14 +75,12 @@ void SavePins() {
   for (std::size_t line = 0; line < bits.size(); ++line) {
     if (const int chosen = ChosenBit(line)) bits.at(line) = chosen;
   }
-  TellUnlessSaved(link::WritePinFile(bits));
+  TellUnlessSaved(Adat_él_Beállít_H, link::WritePinFile(bits));
 }
 
 void SaveInversions() {
   if (Adat_él_Beállít_H.Loading) return;
-  int bits = 0;
-  for (const InvertBox& one : InvertBoxes) bits += one.box.Value ? one.bit : 0;
-  TellUnlessSaved(link::WriteInvertFile(bits));
+  TellUnlessSaved(Adat_él_Beállít_H, link::WriteInvertFile(TickedBits(InvertBoxes)));
 }
 
 void BitChosen(std::size_t line) {
